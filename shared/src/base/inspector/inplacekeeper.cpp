@@ -1,0 +1,209 @@
+#include "inplacekeeper.h"
+
+#include "inspectorqt.h"
+
+QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
+{
+    return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_pWidget->mapToGlobal(in_rect.bottomRight()));
+}
+
+CInPlaceSinkWatch::CInPlaceSinkWatch(IInPlaceEditSink* in_pSink)
+    : m_pObject(dynamic_cast<QObject*>(in_pSink)), m_bIsObject(m_pObject)
+{
+}
+
+CInPlaceKeeper::CBusy::CBusy(CInPlaceKeeper* in_pKeeper) : m_pKeeper(in_pKeeper)
+{
+    ++m_pKeeper->m_iBusy;
+}
+
+CInPlaceKeeper::CBusy::~CBusy()
+{
+    if (--m_pKeeper->m_iBusy == 0 && m_pKeeper->m_bRetired)
+    {
+        m_pKeeper->m_pEditor->deleteLater();
+    }
+}
+
+CInPlaceKeeper::CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind)
+    : QObject(in_pEditor), m_pEditor(in_pEditor), m_eKind(in_eKind)
+{
+    m_pEditor->setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::WindowFlags in_flags)
+{
+    m_pOver = in_pOver;
+    m_overRect = OverRect();
+    m_ownerRect = in_pOver->window()->geometry();
+    m_geometry = in_geometry;
+    m_bInSight = IsInSight();
+    m_bPlacedAgain = false;
+    // The flags come first: they would shift a geometry that was set before. On Wayland only a pop-up can be placed.
+    m_pEditor->setWindowFlags(InspectorQt::IsWayland() ? Qt::WindowFlags(Qt::Popup) : in_flags);
+    if (m_eKind == eLine || InspectorQt::IsWayland() || QApplication::activeModalWidget())
+    {
+        InspectorQt::SetTransientOwner(m_pEditor, in_pOver);
+    }
+    m_pEditor->setGeometry(in_geometry);
+    qApp->installEventFilter(this);
+    m_pEditor->show();
+    m_pEditor->activateWindow();
+}
+
+void CInPlaceKeeper::Close()
+{
+    const CBusy busy(this);
+    const QPointer<QWidget> pOver = m_pOver;
+    const bool bWasActive = QApplication::activeWindow() == m_pEditor;
+    qApp->removeEventFilter(this);
+    m_pOver = nullptr;
+    if (m_eKind == eDropDown && m_pEditor->testAttribute(Qt::WA_WState_Created))
+    {
+        InspectorQt::SetTransientOwner(m_pEditor, nullptr); // or a window manager takes the activation away
+    }
+    m_pEditor->hide();
+    if (bWasActive && pOver)
+    {
+        pOver->window()->activateWindow();
+    }
+}
+
+void CInPlaceKeeper::Retire()
+{
+    Close();
+    m_bRetired = true;
+    if (m_iBusy == 0)
+    {
+        delete m_pEditor;
+    }
+}
+
+bool CInPlaceKeeper::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
+{
+    if (!m_pOver)
+    {
+        return false;
+    }
+    switch (in_pEvent->type())
+    {
+    case QEvent::MouseButtonPress:
+        return m_eKind == eDropDown && EndOnPress(in_pWatched);
+    case QEvent::Wheel:
+        if (m_eKind == eLine && in_pWatched == m_pEditor)
+        {
+            QCoreApplication::sendEvent(m_pOver, in_pEvent);
+            return true;
+        }
+        return false;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Hide:
+    case QEvent::ParentChange:
+        if (in_pWatched == m_pEditor || IsOverOrAround(in_pWatched))
+        {
+            RequestCheck();
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+/// The check waits for the event loop: a layout moves a widget more than once before it is where it stays, and an edit
+/// that ended from inside a widget's own hiding could destroy that widget.
+void CInPlaceKeeper::RequestCheck()
+{
+    if (!m_bCheckPosted)
+    {
+        m_bCheckPosted = true;
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    }
+}
+
+void CInPlaceKeeper::customEvent(QEvent*)
+{
+    m_bCheckPosted = false;
+    if (!m_pOver)
+    {
+        return;
+    }
+    const bool bWasInSight = m_bInSight;
+    m_bInSight = IsInSight();
+    const bool bOwnerChanged = m_eKind == eDropDown && m_pOver->window()->geometry() != m_ownerRect;
+    if ((bWasInSight && !m_bInSight) || bOwnerChanged)
+    {
+        EndEditing();
+    }
+    else
+    {
+        Follow();
+    }
+}
+
+void CInPlaceKeeper::Follow()
+{
+    const QRect overRect = OverRect();
+    if (overRect != m_overRect)
+    {
+        m_geometry.translate(overRect.topLeft() - m_overRect.topLeft());
+        if (m_eKind == eLine)
+        {
+            m_geometry.setSize(m_geometry.size() + overRect.size() - m_overRect.size());
+        }
+        m_overRect = overRect;
+        m_bPlacedAgain = false;
+    }
+    if (m_pEditor->geometry() != m_geometry && !m_bPlacedAgain)
+    {
+        m_bPlacedAgain = true;
+        m_pEditor->setGeometry(m_geometry);
+    }
+}
+
+void CInPlaceKeeper::EndEditing()
+{
+    const CBusy busy(this);
+    QEvent deactivation(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(m_pEditor, &deactivation);
+}
+
+/// A tool-tip window does not lose the activation to a press elsewhere, so the press itself ends the editing. It then
+/// goes on to where it was aimed, unless that has died of the report.
+bool CInPlaceKeeper::EndOnPress(QObject* in_pWatched)
+{
+    const QPointer<QObject> pWatched = in_pWatched;
+    const QPointer<QWidget> pPressed = InspectorQt::WindowWidget(in_pWatched);
+    if (!pPressed || pPressed == m_pEditor)
+    {
+        return false;
+    }
+    EndEditing();
+    if (pPressed)
+    {
+        pPressed->activateWindow();
+    }
+    return !pWatched;
+}
+
+bool CInPlaceKeeper::IsOverOrAround(const QObject* in_pObject) const
+{
+    for (const QWidget* pWidget = m_pOver; pWidget; pWidget = pWidget->isWindow() ? nullptr : pWidget->parentWidget())
+    {
+        if (pWidget == in_pObject)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+QRect CInPlaceKeeper::OverRect() const
+{
+    return InspectorGlobalRect(m_pOver, m_pOver->rect());
+}
+
+bool CInPlaceKeeper::IsInSight() const
+{
+    return m_pOver->isVisible() && m_pOver->visibleRegion().contains(m_pOver->rect().center());
+}

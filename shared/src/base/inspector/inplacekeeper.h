@@ -1,0 +1,94 @@
+#ifndef INPLACEKEEPER_H
+#define INPLACEKEEPER_H
+
+#include "inspectordataelement.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+#include <QWidget>
+
+/// Notices the death of a sink that is a Qt object.
+class CInPlaceSinkWatch
+{
+public:
+    explicit CInPlaceSinkWatch(IInPlaceEditSink* in_pSink = nullptr);
+    bool IsAlive() const { return !m_bIsObject || m_pObject; }
+
+private:
+    QPointer<QObject> m_pObject;
+    bool m_bIsObject;
+};
+
+/// Keeps an in-place editor, which is a window of its own, over the widget that it edits: opens and closes it, follows
+/// the widget, tells the editor when it has to end, and puts off the editor's deletion while it is in use. Private to
+/// the library; a child of the editor.
+///
+/// It tells the editor to end by sending it a QEvent::WindowDeactivate, the event that a lost focus brings.
+class CInPlaceKeeper : public QObject
+{
+public:
+    enum eKind
+    {
+        eLine,     ///< lies over the widget and takes its size
+        eDropDown, ///< hangs under the widget; a press elsewhere or a change of the widget's window ends it
+    };
+
+    /// Held on the stack while the editor calls out: Retire waits for it.
+    class CBusy
+    {
+    public:
+        explicit CBusy(CInPlaceKeeper* in_pKeeper);
+        ~CBusy();
+
+    private:
+        CInPlaceKeeper* m_pKeeper;
+    };
+
+    CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind);
+
+    /// Shows and activates the editor over a widget, at a place in global coordinates.
+    void Open(QWidget* in_pOver, const QRect& in_geometry, Qt::WindowFlags in_flags);
+
+    /// Hides the editor and, if it was the active window, activates the window of the widget it was over.
+    void Close();
+
+    /// The widget that the editor is open over, null when closed or when the widget has died.
+    QWidget* Over() const { return m_pOver; }
+
+    /// Hides and deletes the editor; later, when it is busy.
+    void Retire();
+
+    CInPlaceSinkWatch m_sinkWatch; ///< on the editor's sink
+
+    bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
+
+protected:
+    void customEvent(QEvent* in_pEvent) override;
+
+private:
+    void RequestCheck();
+    void Follow();
+    void EndEditing();
+    bool EndOnPress(QObject* in_pWatched);
+    bool IsOverOrAround(const QObject* in_pObject) const;
+    QRect OverRect() const;
+    bool IsInSight() const;
+
+    QWidget* m_pEditor;
+    eKind m_eKind;
+    QPointer<QWidget> m_pOver;
+    QRect m_overRect;     ///< where the widget was when the editor was last placed
+    QRect m_ownerRect;    ///< where the widget's window was when the editor was opened
+    QRect m_geometry;     ///< where the editor belongs
+    bool m_bInSight = false;
+    bool m_bPlacedAgain = false; ///< put back to m_geometry once already; a window manager may insist
+    bool m_bCheckPosted = false;
+    int m_iBusy = 0;
+    bool m_bRetired = false;
+};
+
+/// A rectangle of a widget in global coordinates.
+QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect);
+
+#endif

@@ -1,0 +1,150 @@
+#ifndef INSPECTORQT_H
+#define INSPECTORQT_H
+
+/// What differs between Qt 4, 5 and 6, in one place. Private to the library.
+/// \file
+
+#include <QtGlobal>
+
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QScreen>
+#include <QWindow>
+#include <QtWidgets>
+#else
+#include <QDesktopWidget>
+#include <QInputContext>
+#include <QtGui>
+#endif
+
+#include <string>
+
+namespace InspectorQt
+{
+/// Text of the model side as text of Qt, up to the first NUL. On Qt 4 the application's codec for C strings applies.
+inline QString Text(const char* in_strBytes)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QString::fromLatin1(in_strBytes);
+#else
+    return QString::fromAscii(in_strBytes);
+#endif
+}
+
+inline QString Text(const std::string& in_strBytes)
+{
+    return Text(in_strBytes.c_str());
+}
+
+/// Text of Qt as text of the model side, up to the first NUL.
+inline std::string Bytes(const QString& in_strText)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return in_strText.toLatin1().constData();
+#else
+    return in_strText.toAscii().constData();
+#endif
+}
+
+/// The rectangle of the whole desktop, in global coordinates; its origin may be negative on Qt 5 and 6.
+inline QRect DesktopRect()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QGuiApplication::primaryScreen()->virtualGeometry();
+#else
+    return QApplication::desktop()->rect();
+#endif
+}
+
+/// Whether no client of the window system may place its windows.
+inline bool IsWayland()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+#else
+    return false;
+#endif
+}
+
+/// Makes a top-level window belong to the window of `in_pOver` (null: to none), so that a modal dialog does not block
+/// it, and puts it on that window's screen.
+inline void SetTransientOwner(QWidget* in_pWindow, QWidget* in_pOver)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    QWindow* pOwner = in_pOver ? in_pOver->window()->windowHandle() : nullptr;
+    in_pWindow->winId();
+    in_pWindow->windowHandle()->setTransientParent(pOwner);
+    if (pOwner)
+    {
+        in_pWindow->windowHandle()->setScreen(pOwner->screen());
+    }
+#else
+    Q_UNUSED(in_pWindow);
+    Q_UNUSED(in_pOver);
+#endif
+}
+
+/// The top-level widget that an object which got a window-system event stands for, null for none.
+inline QWidget* WindowWidget(QObject* in_pObject)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    if (in_pObject->isWindowType())
+    {
+        return QWidget::find(static_cast<QWindow*>(in_pObject)->winId());
+    }
+#endif
+    return in_pObject->isWidgetType() ? static_cast<QWidget*>(in_pObject)->window() : nullptr;
+}
+
+/// Lets a filter see what the window system sends to the window that a visible widget is in.
+inline void WatchWindow(QWidget* in_pWidget, QObject* in_pFilter)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    if (QWindow* pWindow = in_pWidget->window()->windowHandle())
+    {
+        pWindow->installEventFilter(in_pFilter);
+    }
+#else
+    Q_UNUSED(in_pWidget);
+    Q_UNUSED(in_pFilter);
+#endif
+}
+
+/// Whether a press that a window got comes to its widgets as a double click instead.
+inline bool BeginsDoubleClick(const QMouseEvent& in_press)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return in_press.flags() & Qt::MouseEventCreatedDoubleClick;
+#else
+    Q_UNUSED(in_press);
+    return false;
+#endif
+}
+
+/// Whether the platform asks for a context menu when the right button goes down, not when it comes up.
+inline bool ContextMenuOnPress()
+{
+#ifdef Q_OS_WIN
+    return false;
+#else
+    return true;
+#endif
+}
+
+/// Takes over what an input method is composing in the widget that has the focus.
+inline void CommitComposition(QWidget* in_pFocused)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    Q_UNUSED(in_pFocused);
+    QGuiApplication::inputMethod()->commit();
+#else
+    if (QInputContext* pContext = in_pFocused->inputContext())
+    {
+        pContext->reset();
+    }
+#endif
+}
+} // namespace InspectorQt
+
+#endif

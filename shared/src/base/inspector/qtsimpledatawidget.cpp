@@ -1,0 +1,321 @@
+#include "qtsimpledatawidget.h"
+
+#include "datawidgettools.h"
+
+#include <algorithm>
+
+using namespace InspectorWidgets;
+
+CInPlaceEdit* CQTSimpleDataWidget::g_pInPlace = nullptr;
+int CQTSimpleDataWidget::g_iInPlaceRefCount = 0;
+
+CQTSimpleDataWidget::CQTSimpleDataWidget()
+{
+    if (!g_pInPlace)
+    {
+        g_pInPlace = new CInPlaceEdit;
+    }
+    ++g_iInPlaceRefCount;
+}
+
+CQTSimpleDataWidget::~CQTSimpleDataWidget()
+{
+    if (g_pInPlace->parent() == this)
+    {
+        g_pInPlace->ReleaseInteraction();
+        g_pInPlace->setParent(nullptr); // the application's doing; the editor must not die with this widget
+    }
+    g_pInPlace->ForgetSink(this);
+    if (--g_iInPlaceRefCount == 0)
+    {
+        CInPlaceEdit* pEdit = g_pInPlace;
+        g_pInPlace = nullptr;
+        pEdit->Retire();
+    }
+}
+
+void CQTSimpleDataWidget::InitFromElement()
+{
+    OnValueChange(nullptr);
+}
+
+const char* CQTSimpleDataWidget::GetType()
+{
+    return "qt.simple.edit";
+}
+
+int CQTSimpleDataWidget::GetRequiredWidth()
+{
+    return g_iInspectorNotGiven;
+}
+
+int CQTSimpleDataWidget::GetRequiredHeight(int)
+{
+    return eRowHeight;
+}
+
+void CQTSimpleDataWidget::ResizeWidget(int in_iWidth, int in_iHeight)
+{
+    resize(in_iWidth, in_iHeight);
+}
+
+void CQTSimpleDataWidget::MoveWidget(int in_iX, int in_iY)
+{
+    move(in_iX, in_iY);
+}
+
+void CQTSimpleDataWidget::Show()
+{
+    show();
+}
+
+void CQTSimpleDataWidget::Hide()
+{
+    hide();
+}
+
+void CQTSimpleDataWidget::StartEditing()
+{
+    const QPointer<QWidget> self(this);
+    g_pInPlace->SetSink(this);
+    if (!self)
+    {
+        return; // ending another row's edit rebuilt the page
+    }
+    g_pInPlace->SetText(InspectorQt::Bytes(m_strValue).c_str());
+    g_pInPlace->InPlaceEdit(this, rect());
+}
+
+void CQTSimpleDataWidget::GetDataAsString(std::string& out_strValue)
+{
+    out_strValue = BytesOf(m_strValue, m_strLoaded);
+}
+
+void CQTSimpleDataWidget::FinishValueEdit(const char* in_strText, CInspectorDataElement::eEndEditCause in_eCause)
+{
+    m_strValue = InspectorQt::Text(in_strText);
+    update();
+    ReportEnd(this, GetSafeSimpleData(), in_eCause);
+}
+
+void CQTSimpleDataWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
+{
+    if (ReadText(GetSafeControlDataProvider(), m_strLoaded, m_strValue))
+    {
+        g_pInPlace->UpdateText(this, m_strValue);
+        update();
+    }
+}
+
+CSimpleDataElement* CQTSimpleDataWidget::GetSafeSimpleData()
+{
+    return dynamic_cast<CSimpleDataElement*>(m_pElement);
+}
+
+ISimpleDataProvider* CQTSimpleDataWidget::GetSafeControlDataProvider()
+{
+    return dynamic_cast<ISimpleDataProvider*>(m_pElement);
+}
+
+void CQTSimpleDataWidget::mousePressEvent(QMouseEvent* in_pEvent)
+{
+    if (in_pEvent->button() == Qt::LeftButton && m_pElement && !m_pElement->IsReadOnly())
+    {
+        StartEditing();
+    }
+}
+
+void CQTSimpleDataWidget::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(0, 0, width(), height(), Colour(this, QPalette::Base));
+    if (!m_strValue.isEmpty())
+    {
+        painter.drawText(eTextIndent, 0, width(), height(), eLeftCentred, m_strValue);
+    }
+}
+
+void CQTSimpleDataWidget::showEvent(QShowEvent* in_pEvent)
+{
+    QWidget::showEvent(in_pEvent);
+}
+
+void CQTSimpleDataWidget::hideEvent(QHideEvent* in_pEvent)
+{
+    QWidget::hideEvent(in_pEvent);
+}
+
+CQTSimpleBoolWidget::CQTSimpleBoolWidget() {}
+
+void CQTSimpleBoolWidget::InitFromElement()
+{
+    OnValueChange(nullptr);
+}
+
+const char* CQTSimpleBoolWidget::GetType()
+{
+    return "qt.simple.bool";
+}
+
+int CQTSimpleBoolWidget::GetRequiredWidth()
+{
+    return eRowHeight;
+}
+
+int CQTSimpleBoolWidget::GetRequiredHeight(int)
+{
+    return eRowHeight;
+}
+
+void CQTSimpleBoolWidget::ResizeWidget(int in_iWidth, int in_iHeight)
+{
+    resize(in_iWidth, std::min<int>(in_iHeight, eRowHeight));
+}
+
+void CQTSimpleBoolWidget::MoveWidget(int in_iX, int in_iY)
+{
+    move(in_iX, in_iY);
+}
+
+void CQTSimpleBoolWidget::Show()
+{
+    setVisible(true);
+}
+
+void CQTSimpleBoolWidget::Hide()
+{
+    setVisible(false);
+}
+
+void CQTSimpleBoolWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
+{
+    if (CBoolDataElement* pElement = GetSafeData())
+    {
+        m_bValue = pElement->GetValue();
+        update();
+    }
+}
+
+bool CQTSimpleBoolWidget::GetValue()
+{
+    return m_bValue;
+}
+
+CBoolDataElement* CQTSimpleBoolWidget::GetSafeData()
+{
+    return dynamic_cast<CBoolDataElement*>(m_pElement);
+}
+
+void CQTSimpleBoolWidget::mousePressEvent(QMouseEvent* in_pEvent)
+{
+    CBoolDataElement* pElement = GetSafeData();
+    if (in_pEvent->pos().x() >= eRowHeight || !pElement || pElement->IsReadOnly())
+    {
+        return;
+    }
+    m_bValue = !m_bValue;
+    update(); // ahead of the report, which may destroy this widget
+    pElement->OnCtrlValueChange();
+}
+
+void CQTSimpleBoolWidget::paintEvent(QPaintEvent*)
+{
+    const int iWidth = std::min<int>(width(), eRowHeight);
+    const int iHeight = std::min<int>(height(), eRowHeight);
+    QPainter painter(this);
+    painter.fillRect(0, 0, iWidth, iHeight, Colour(this, QPalette::Base));
+    if (m_bValue)
+    {
+        const int iRight = iWidth - eCrossInset;
+        const int iBottom = iHeight - eCrossInset;
+        painter.setPen(Colour(this, QPalette::WindowText));
+        painter.drawLine(eCrossInset, eCrossInset, iRight, iBottom);
+        painter.drawLine(eCrossInset, iBottom, iRight, eCrossInset);
+    }
+}
+
+CQTSimpleTextWidget::CQTSimpleTextWidget()
+{
+    setReadOnly(false);
+}
+
+void CQTSimpleTextWidget::InitFromElement()
+{
+    OnValueChange(nullptr);
+}
+
+const char* CQTSimpleTextWidget::GetType()
+{
+    return "qt.simple.text";
+}
+
+int CQTSimpleTextWidget::GetRequiredWidth()
+{
+    return eRowHeight;
+}
+
+int CQTSimpleTextWidget::GetRequiredHeight(int)
+{
+    return eTextHeight;
+}
+
+void CQTSimpleTextWidget::ResizeWidget(int in_iWidth, int in_iHeight)
+{
+    resize(in_iWidth, in_iHeight);
+}
+
+void CQTSimpleTextWidget::MoveWidget(int in_iX, int in_iY)
+{
+    move(in_iX, in_iY);
+}
+
+void CQTSimpleTextWidget::Show()
+{
+    setVisible(true);
+}
+
+void CQTSimpleTextWidget::Hide()
+{
+    setVisible(false);
+}
+
+void CQTSimpleTextWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
+{
+    std::string strBytes;
+    QString strText;
+    if (!ReadText(GetSafeData(), strBytes, strText) || (hasFocus() && document()->isModified()))
+    {
+        return;
+    }
+    std::string strPresent;
+    GetDataAsString(strPresent);
+    if (strBytes != strPresent) // setting the same text again would move the cursor and forget what can be undone
+    {
+        setText(strText);
+    }
+    m_strLoaded = strBytes;
+    m_strShown = toPlainText();
+    document()->setModified(false);
+    update();
+}
+
+void CQTSimpleTextWidget::GetDataAsString(std::string& out_strValue)
+{
+    const QString strText = toPlainText();
+    out_strValue = strText == m_strShown ? m_strLoaded : InspectorQt::Bytes(strText);
+}
+
+CSimpleDataElement* CQTSimpleTextWidget::GetSafeData()
+{
+    return dynamic_cast<CSimpleDataElement*>(m_pElement);
+}
+
+void CQTSimpleTextWidget::focusOutEvent(QFocusEvent*)
+{
+    update(); // ahead of the report, which may destroy this widget
+    document()->setModified(false);
+    if (CSimpleDataElement* pElement = GetSafeData())
+    {
+        pElement->OnCtrlValueChange();
+    }
+}
