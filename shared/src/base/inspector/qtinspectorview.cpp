@@ -1,0 +1,256 @@
+#include "qtinspectorview.h"
+
+#include "inspectorqt.h"
+#include "viewfilter.h"
+
+namespace
+{
+const int g_iScrollBarWidth = 20;
+const int g_iScrollStep = 25; ///< a row and the space after it
+const int g_iLeftCentred = Qt::AlignLeft | Qt::AlignVCenter;
+} // namespace
+
+CQTInspectorView::CQTInspectorView() : m_pContentWidget(new QWidget(this)), m_pScrollBar(new QScrollBar(this))
+{
+    m_pContentWidget->show();
+    m_pScrollBar->hide();
+    m_pScrollBar->setSingleStep(g_iScrollStep);
+    connect(m_pScrollBar, SIGNAL(valueChanged(int)), this, SLOT(SliderValueChanged(int)));
+    m_pFilter = new CViewFilter(this, m_pContentWidget, m_pScrollBar);
+}
+
+CQTInspectorView::~CQTInspectorView()
+{
+    delete m_pFilter;
+    delete m_pContentWidget;
+    m_pContentWidget = nullptr;
+    delete m_pScrollBar;
+    m_pScrollBar = nullptr;
+}
+
+void CQTInspectorView::ResizeInspector(int in_iWidth, int in_iHeight)
+{
+    const QPointer<QWidget> self(this);
+    const int iInner = in_iWidth - g_iScrollBarWidth;
+    if (in_iHeight == g_iInspectorNotGiven)
+    {
+        CInspectorView::ResizeInspector(iInner, g_iInspectorNotGiven);
+        in_iHeight = self ? m_iViewHeight : 0;
+    }
+    if (self)
+    {
+        resize(in_iWidth, in_iHeight);
+    }
+    if (self)
+    {
+        CInspectorView::ResizeInspector(iInner, in_iHeight);
+    }
+    if (self)
+    {
+        m_pContentWidget->resize(iInner, in_iHeight);
+        OnContentHeightSet();
+    }
+}
+
+void CQTInspectorView::OnContentHeightSet()
+{
+    const QPointer<QWidget> self(this);
+    if (m_iViewHeight >= m_iContentHeight)
+    {
+        m_pScrollBar->setValue(0);
+        m_pScrollBar->hide();
+    }
+    else
+    {
+        m_pScrollBar->move(width() - g_iScrollBarWidth, 0);
+        m_pScrollBar->resize(g_iScrollBarWidth, m_iViewHeight);
+        m_pScrollBar->setPageStep(m_iViewHeight);
+        m_pScrollBar->setRange(0, m_iContentHeight - m_iViewHeight);
+        m_pScrollBar->show();
+    }
+    if (self)
+    {
+        OffsetControls(0, m_pScrollBar->value());
+    }
+    if (self)
+    {
+        UpdateView();
+    }
+}
+
+void CQTInspectorView::SliderValueChanged(int)
+{
+    const QPointer<QWidget> self(this);
+    OffsetControls(0, m_pScrollBar->value());
+    if (self)
+    {
+        UpdateView();
+    }
+}
+
+void CQTInspectorView::UpdateView()
+{
+    update();
+}
+
+void CQTInspectorView::EnsureVisible(CInspectorDataWidget* in_pWidget)
+{
+    const sInspectorHolder* pHolder = GetHolderFromControl(in_pWidget);
+    if (!pHolder)
+    {
+        return;
+    }
+    const int iTop = pHolder->y - m_iOffsetY;
+    const int iBottom = iTop + pHolder->height;
+    int iValue = m_iOffsetY;
+    if (iTop < 0)
+    {
+        iValue = pHolder->y;
+    }
+    else if (iBottom > m_iViewHeight)
+    {
+        iValue = iBottom - m_iViewHeight + m_iOffsetY;
+    }
+    m_pScrollBar->setValue(iValue);
+}
+
+int CQTInspectorView::GetGroupLeftMargin()
+{
+    return 5;
+}
+
+int CQTInspectorView::GetGroupRightMargin()
+{
+    return 5;
+}
+
+int CQTInspectorView::GetGroupTopMargin()
+{
+    return 5;
+}
+
+int CQTInspectorView::GetGroupBottomMargin()
+{
+    return 5;
+}
+
+int CQTInspectorView::GetGroupLabelHeight()
+{
+    return 14;
+}
+
+int CQTInspectorView::GetHeightBetweenControl()
+{
+    return 5;
+}
+
+QString CQTInspectorView::LabelText(const sInspectorElement& in_row) const
+{
+    const QString strLabel = InspectorQt::Text(in_row.name);
+    return m_bPreviewMode ? strLabel + QLatin1Char('=') : strLabel;
+}
+
+int CQTInspectorView::GetElementLabelWidth(CInspectorView::sInspectorElement* in_pElement)
+{
+    if (in_pElement->name.empty())
+    {
+        return 0;
+    }
+    const QRect rect(in_pElement->x, in_pElement->y, in_pElement->width, in_pElement->height);
+    return QFontMetrics(font()).boundingRect(rect, g_iLeftCentred, LabelText(*in_pElement)).width() + 2;
+}
+
+void CQTInspectorView::OnToggleShowContent(bool in_bShow)
+{
+    const QPointer<QWidget> self(this);
+    QWidget* pFocused = QApplication::focusWidget();
+    if (!in_bShow && pFocused && m_pContentWidget->isAncestorOf(pFocused))
+    {
+        pFocused->clearFocus();
+    }
+    if (self)
+    {
+        CInspectorView::OnToggleShowContent(in_bShow);
+    }
+    if (self)
+    {
+        UpdateView();
+    }
+}
+
+void CQTInspectorView::ParentControlToInspector(CInspectorDataWidget* in_pWidget)
+{
+    QWidget* pWidget = dynamic_cast<QWidget*>(in_pWidget);
+    if (!pWidget)
+    {
+        return;
+    }
+    pWidget->setParent(m_pContentWidget);
+    m_pFilter->WatchControl(pWidget);
+}
+
+void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
+{
+    OnPreDraw();
+    QWidget::paintEvent(in_pEvent);
+    QPainter painter(this);
+    if (!m_strMessage.empty())
+    {
+        PaintMessage(painter);
+        return;
+    }
+    if (!m_bShowContent)
+    {
+        return;
+    }
+    sDrawElementVisitor visitor(this);
+    while (const sInspectorElement* pElement = visitor.GetNext())
+    {
+        if (pElement->kind != eGroup)
+        {
+            PaintLabel(painter, *pElement);
+        }
+        else if (!m_bPreviewMode)
+        {
+            PaintGroup(painter, *pElement);
+        }
+    }
+}
+
+void CQTInspectorView::PaintMessage(QPainter& in_painter)
+{
+    const QPen pen = in_painter.pen();
+    in_painter.setPen(QPen(m_messageColor));
+    in_painter.drawText(0, 0, width(), height(), g_iLeftCentred, InspectorQt::Text(m_strMessage));
+    in_painter.setPen(pen);
+}
+
+void CQTInspectorView::PaintLabel(QPainter& in_painter, const sInspectorElement& in_row)
+{
+    if (!in_row.name.empty())
+    {
+        const int iY = in_row.y - m_pScrollBar->value();
+        in_painter.drawText(in_row.x, iY, in_row.labelColumn, in_row.height, g_iLeftCentred, LabelText(in_row));
+    }
+}
+
+/// The frame's upper edge runs through the middle of the title, whose background hides it.
+void CQTInspectorView::PaintGroup(QPainter& in_painter, const sInspectorElement& in_group)
+{
+    const int iY = in_group.y - m_pScrollBar->value();
+    const int iTitleHeight = in_group.name.empty() ? 0 : GetGroupLabelHeight();
+    const int iHalf = iTitleHeight / 2;
+    const QPen pen = in_painter.pen();
+    in_painter.setPen(QPen(pen.color().darker(175)));
+    in_painter.drawRoundedRect(QRectF(in_group.x, iY + iHalf, in_group.width, in_group.height - iHalf), 3.0, 3.0);
+    in_painter.setPen(pen);
+    if (iTitleHeight > 0)
+    {
+        const Qt::BGMode eMode = in_painter.backgroundMode();
+        in_painter.setBackgroundMode(Qt::OpaqueMode);
+        const int iWidth = in_group.width - GetGroupLeftMargin() - GetGroupRightMargin();
+        in_painter.drawText(in_group.x + GetGroupLeftMargin(), iY, iWidth, iTitleHeight, g_iLeftCentred,
+                            InspectorQt::Text(in_group.name));
+        in_painter.setBackgroundMode(eMode);
+    }
+}

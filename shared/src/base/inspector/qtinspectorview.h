@@ -1,0 +1,80 @@
+#ifndef QTINSPECTORVIEW_H
+#define QTINSPECTORVIEW_H
+
+#include "inspectorview.h"
+
+#include <QColor>
+#include <QScrollBar>
+#include <QWidget>
+
+#include <string>
+
+class CViewFilter;
+class QPainter;
+
+/// The inspector as a Qt widget: scrolls, paints group frames, titles and labels, and lets the data widgets paint their
+/// values.
+///
+/// The application puts it into a window, wires it to its controller, fills it (see CInspectorView) and calls
+/// ResizeInspector whenever the space for it changes; a layout of Qt's resizes the widget only. Before deleting it from
+/// inside a handler that a paint reached, use deleteLater; everywhere else it may be deleted at once.
+class CQTInspectorView : public QWidget, public CInspectorView
+{
+    Q_OBJECT
+
+public:
+    /// An empty view without a parent.
+    CQTInspectorView();
+
+    /// Deletes the data widgets in it, which are children of the content widget; their elements and items forget them.
+    ~CQTInspectorView() override;
+
+    /// Resizes the widget and lays out. The rightmost 20 pixels are kept free for the scroll bar. A height of -1 makes
+    /// the view as tall as its content.
+    void ResizeInspector(int in_iWidth, int in_iHeight) override;
+    void UpdateView() override;
+
+    /// Scrolls as little as needed to show the widget's row; when that is taller than the view, its lower edge, unless
+    /// the row begins above the view.
+    void EnsureVisible(CInspectorDataWidget* in_pWidget) override;
+
+    /// The metrics, in pixels, in preview mode too; override them for others.
+    int GetGroupLeftMargin() override;      ///< 5
+    int GetGroupRightMargin() override;     ///< 5
+    int GetGroupTopMargin() override;       ///< 5
+    int GetGroupBottomMargin() override;    ///< 5
+    int GetGroupLabelHeight() override;     ///< 14
+    int GetHeightBetweenControl() override; ///< 5
+
+    /// The width of the label's text in the widget's font, and 2 pixels; 0 without a label.
+    int GetElementLabelWidth(CInspectorView::sInspectorElement* in_pElement) override;
+
+    /// Hiding takes the focus from a data widget, which then reports what was typed, and ends an edit in place.
+    void OnToggleShowContent(bool in_bShow) override;
+    void OnContentHeightSet() override;
+    void ParentControlToInspector(CInspectorDataWidget* in_pWidget) override;
+
+    std::string
+        m_strMessage;      ///< while not empty, painted in place of frames and labels; call UpdateView after a change
+    QColor m_messageColor; ///< the message's colour; black while it is invalid
+
+public slots:
+    /// Scrolls to the scroll bar's value; the parameter is ignored.
+    void SliderValueChanged(int value);
+
+protected:
+    void paintEvent(QPaintEvent* in_pEvent) override;
+
+    QWidget* m_pContentWidget; ///< the parent of every data widget; owned
+    QScrollBar* m_pScrollBar;  ///< owned
+
+private:
+    void PaintMessage(QPainter& in_painter);
+    void PaintLabel(QPainter& in_painter, const sInspectorElement& in_row);
+    void PaintGroup(QPainter& in_painter, const sInspectorElement& in_group);
+    QString LabelText(const sInspectorElement& in_row) const;
+
+    CViewFilter* m_pFilter;
+};
+
+#endif

@@ -1,0 +1,35 @@
+#ifndef VIEWFILTER_H
+#define VIEWFILTER_H
+
+#include <QMouseEvent>
+#include <QObject>
+#include <QScrollBar>
+#include <QWidget>
+
+/// What a view does with events that are not its own to handle. It watches the view, its data widgets and the window
+/// that the view is in. Private to the library; a child of the view.
+///
+/// - The wheel scrolls the view wherever the cursor is over it: no editor takes the wheel.
+/// - A press of the right button reaches a data widget from here, because Qt would follow it by a context-menu event to
+///   that same widget, even if the press has made the application destroy it.
+class CViewFilter : public QObject
+{
+public:
+    /// \param in_pContent the parent of the data widgets; like the scroll bar a child of the view
+    CViewFilter(QWidget* in_pView, QWidget* in_pContent, QScrollBar* in_pScrollBar);
+
+    /// Watches a data widget and what is inside it.
+    void WatchControl(QWidget* in_pControl);
+
+    bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
+
+private:
+    bool Scroll(QEvent* in_pWheel);
+    bool DeliverRightPress(const QMouseEvent& in_press);
+
+    QWidget* m_pView;
+    QWidget* m_pContent;
+    QScrollBar* m_pScrollBar;
+};
+
+#endif
