@@ -1,0 +1,49 @@
+#!/bin/bash
+# with_x11.sh <seconds> <program> [argument...]
+# Runs a program for at most that long, on an X server and a window manager of its own.
+set -u
+
+limit=$1
+shift
+server= manager= program=
+
+clean_up() {
+    trap '' TERM INT HUP
+    local pid
+    for pid in $program $manager $server; do
+        kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null
+    done
+}
+trap clean_up EXIT
+trap 'exit 143' TERM INT HUP
+
+fail() {
+    echo "with_x11.sh: $1" >&2
+    exit 1
+}
+
+# Death signals end server and program even when this script is killed outright; openbox ends with the server.
+exec {number}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -noreset)
+server=$!
+read -r -t 30 display <&"$number" || fail "Xvfb did not start"
+export DISPLAY=":$display"
+
+# A home that does not exist keeps the user's own window manager settings out.
+env HOME=/nonexistent XDG_CONFIG_HOME=/nonexistent openbox --sm-disable >/dev/null 2>&1 &
+manager=$!
+deadline=$((SECONDS + 30))
+until [[ $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) == *"window id"* ]]; do
+    kill -0 "$manager" 2>/dev/null || fail "openbox did not start"
+    ((SECONDS < deadline)) || fail "openbox does not manage windows"
+    sleep 0.05
+done
+
+# Widgets need no OpenGL, and its drivers are slow to load and leak.
+export QT_QPA_PLATFORM=xcb QT_XCB_GL_INTEGRATION=none
+setpriv --pdeathsig TERM timeout --kill-after=5 "$limit" "$@" &
+program=$!
+wait "$program"
+status=$?
+program=
+((status != 124)) || fail "$1 ran longer than $limit seconds"
+exit "$status"
