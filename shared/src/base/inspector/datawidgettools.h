@@ -41,7 +41,8 @@ inline bool ReadText(ISimpleDataProvider* in_pProvider, std::string& out_strByte
 /// carry over is not lost by looking at it.
 inline std::string BytesOf(const QString& in_strText, const std::string& in_strLoaded)
 {
-    return in_strText == InspectorQt::Text(in_strLoaded) ? in_strLoaded : InspectorQt::Bytes(in_strText);
+    const std::string strBytes = InspectorQt::Bytes(in_strText);
+    return strBytes == InspectorQt::Bytes(InspectorQt::Text(in_strLoaded)) ? in_strLoaded : strBytes;
 }
 
 /// Lets the element (may be null) take over what its widget holds, then tells it why editing ended. Taking over may

@@ -22,8 +22,15 @@
 
 namespace InspectorQt
 {
-/// Text of the model side as text of Qt, up to the first NUL. On Qt 4 the application's codec for C strings applies.
-inline QString Text(const char* in_strBytes)
+/// Text of the model side as text of Qt. Neither `in_strBytes` may be null.
+QString Text(const char* in_strBytes);
+QString Text(const std::string& in_strBytes);
+
+/// Text of Qt as text of the model side, up to the first NUL.
+std::string Bytes(const QString& in_strText);
+
+/// The conversions of a process that did not ask for UTF-8: Latin-1, on Qt 4 the application's codec for C strings.
+inline QString FromNarrow(const char* in_strBytes)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
     return QString::fromLatin1(in_strBytes);
@@ -32,18 +39,12 @@ inline QString Text(const char* in_strBytes)
 #endif
 }
 
-inline QString Text(const std::string& in_strBytes)
-{
-    return Text(in_strBytes.c_str());
-}
-
-/// Text of Qt as text of the model side, up to the first NUL.
-inline std::string Bytes(const QString& in_strText)
+inline QByteArray ToNarrow(const QString& in_strText)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    return in_strText.toLatin1().constData();
+    return in_strText.toLatin1();
 #else
-    return in_strText.toAscii().constData();
+    return in_strText.toAscii();
 #endif
 }
 
