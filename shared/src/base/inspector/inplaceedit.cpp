@@ -167,7 +167,12 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
     {
         EndWith(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
     }
-    return QLineEdit::event(in_pEvent);
+    const bool bHandled = QLineEdit::event(in_pEvent);
+    if (eType == QEvent::FocusIn && m_bEditing && !isModified())
+    {
+        selectAll(); // a line edit whose window is activated before it has the focus drops its selection
+    }
+    return bHandled;
 }
 
 /// Keeps a key that ends editing from the application's shortcuts.

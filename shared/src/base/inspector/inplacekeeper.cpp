@@ -34,8 +34,9 @@ CInPlaceKeeper::CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind)
 void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::WindowFlags in_flags)
 {
     m_pOver = in_pOver;
+    m_pOwner = in_pOver->window();
     m_overRect = OverRect();
-    m_ownerRect = in_pOver->window()->geometry();
+    m_ownerRect = m_pOwner->geometry();
     m_geometry = in_geometry;
     m_bInSight = IsInSight();
     m_bPlacedAgain = false;
@@ -54,18 +55,19 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
 void CInPlaceKeeper::Close()
 {
     const CBusy busy(this);
-    const QPointer<QWidget> pOver = m_pOver;
+    const QPointer<QWidget> pOwner = m_pOver ? m_pOver->window() : m_pOwner.data();
     const bool bWasActive = QApplication::activeWindow() == m_pEditor;
     qApp->removeEventFilter(this);
     m_pOver = nullptr;
+    m_pOwner = nullptr;
     if (m_eKind == eDropDown && m_pEditor->testAttribute(Qt::WA_WState_Created))
     {
         InspectorQt::SetTransientOwner(m_pEditor, nullptr); // or a window manager takes the activation away
     }
     m_pEditor->hide();
-    if (bWasActive && pOver)
+    if (bWasActive && pOwner)
     {
-        pOver->window()->activateWindow();
+        pOwner->activateWindow();
     }
 }
 

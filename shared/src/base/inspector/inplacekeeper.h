@@ -50,7 +50,7 @@ public:
     /// Shows and activates the editor over a widget, at a place in global coordinates.
     void Open(QWidget* in_pOver, const QRect& in_geometry, Qt::WindowFlags in_flags);
 
-    /// Hides the editor and, if it was the active window, activates the window of the widget it was over.
+    /// Hides the editor and, if it was the active window, activates the window that it belonged to.
     void Close();
 
     /// The widget that the editor is open over, null when closed or when the widget has died.
@@ -78,9 +78,10 @@ private:
     QWidget* m_pEditor;
     eKind m_eKind;
     QPointer<QWidget> m_pOver;
-    QRect m_overRect;     ///< where the widget was when the editor was last placed
-    QRect m_ownerRect;    ///< where the widget's window was when the editor was opened
-    QRect m_geometry;     ///< where the editor belongs
+    QPointer<QWidget> m_pOwner; ///< the widget's window, which stays when the widget dies while it is edited
+    QRect m_overRect;           ///< where the widget was when the editor was last placed
+    QRect m_ownerRect;          ///< where the widget's window was when the editor was opened
+    QRect m_geometry;           ///< where the editor belongs
     bool m_bInSight = false;
     bool m_bPlacedAgain = false; ///< put back to m_geometry once already; a window manager may insist
     bool m_bCheckPosted = false;

@@ -37,7 +37,7 @@ void CInPlaceList::SetSink(IInPlaceEditSink* in_pSink)
 {
     const CInPlaceKeeper::CBusy busy(m_pKeeper);
     const CInPlaceSinkWatch watch(in_pSink);
-    OnFinishEditing();
+    Dismiss(m_eCause);
     m_pSink = watch.IsAlive() ? in_pSink : nullptr;
     m_pKeeper->m_sinkWatch = watch;
 }
@@ -67,7 +67,7 @@ void CInPlaceList::InPlaceEdit(QWidget* in_pOver, const char* in_strValue, QRect
     const CInPlaceKeeper::CBusy busy(m_pKeeper);
     const QPointer<QWidget> pOver = in_pOver;
     const QString strValue = InspectorQt::Text(in_strValue);
-    OnFinishEditing();
+    Dismiss(m_eCause);
     if (!pOver)
     {
         return;
@@ -158,8 +158,22 @@ void CInPlaceList::OnFinishEditing()
     }
 }
 
+/// Ends editing without a choice. The value reported is the one that the list was opened with, unless the sink shows
+/// another by now: what it gets back must not be older than the model.
 void CInPlaceList::Dismiss(CInspectorDataElement::eEndEditCause in_eCause)
 {
+    if (!m_bEditing || m_bReported)
+    {
+        return;
+    }
+    ISimpleDataProvider* pSink =
+        m_pKeeper->m_sinkWatch.IsAlive() ? dynamic_cast<ISimpleDataProvider*>(m_pSink) : nullptr;
+    if (pSink)
+    {
+        std::string strPresent;
+        pSink->GetDataAsString(strPresent);
+        m_strInitialValue = InspectorQt::Text(strPresent);
+    }
     m_eCause = in_eCause;
     m_strValue = m_strInitialValue;
     OnFinishEditing();
@@ -181,6 +195,15 @@ bool CInPlaceList::event(QEvent* in_pEvent)
     case QEvent::WindowDeactivate:
         Dismiss(CInspectorDataElement::eEndEditFocusLost);
         return true;
+    case QEvent::FocusIn:
+    {
+        const bool bHandled = QListWidget::event(in_pEvent);
+        if (selectedItems().isEmpty())
+        {
+            setCurrentRow(-1); // a view that gets the focus makes its first row current when none is
+        }
+        return bHandled;
+    }
     case QEvent::Hide:
         Dismiss(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
         break;

@@ -43,11 +43,20 @@ CInspectorController::sInspectorControllerData::~sInspectorControllerData()
 }
 
 /// Each is unknown here before it is deleted: its destructor may call back, or delete the view with the widget in it.
+/// Element and widget are unknown everywhere, as another item may hold them too.
 void CInspectorController::sInspectorControllerData::DeleteOwned()
 {
     DeleteAndClear(data);
-    DeleteAndClear(element);
-    DeleteAndClear(widget);
+    if (CInspectorDataElement* pElement = std::exchange(element, nullptr))
+    {
+        pElement->m_anchor.Break();
+        delete pElement;
+    }
+    if (CInspectorDataWidget* pWidget = std::exchange(widget, nullptr))
+    {
+        pWidget->ReleaseOwners();
+        delete pWidget;
+    }
 }
 
 CInspectorController::~CInspectorController()
@@ -210,12 +219,15 @@ void CInspectorController::ClearAllData()
     {
         return;
     }
-    DropAllItemNotices();
     if (CInspectorView* pView = View())
     {
         pView->RemoveAll();
     }
     DropControllerNotices();
+    if (self)
+    {
+        DropAllItemNotices(); // queued meanwhile for items that are gone
+    }
 }
 
 bool CInspectorController::WantGroupAroundRoot()

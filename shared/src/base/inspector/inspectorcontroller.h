@@ -15,25 +15,25 @@ class CInspectorView;
 /// The application derives from it, sets `m_pView` to the view and the view's `m_pController` to the controller. To
 /// build a page: AddItem each pair and add it to the view, then ConnectDataElements, then lay the view out. To build
 /// another: ClearAllData, and start again. All calls belong to the user-interface thread.
-class CInspectorController
+class INSPECTOR_EXPORT CInspectorController
 {
 public:
     /// The application's own data of an item; derive from it.
-    class IControllerData
+    class INSPECTOR_EXPORT IControllerData
     {
     public:
         virtual ~IControllerData();
     };
 
     /// The application's notice of what became dirty; derive from it.
-    class IDirtyControllerDataInfo
+    class INSPECTOR_EXPORT IDirtyControllerDataInfo
     {
     public:
         virtual ~IDirtyControllerDataInfo();
     };
 
     /// One registered value. Owns the three it points at; each pointer is null once its object has died.
-    struct sInspectorControllerData
+    struct INSPECTOR_EXPORT sInspectorControllerData
     {
         explicit sInspectorControllerData(CInspectorDataElement* in_pElement = nullptr,
                                           CInspectorDataWidget* in_pWidget = nullptr);

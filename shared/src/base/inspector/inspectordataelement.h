@@ -1,6 +1,7 @@
 #ifndef INSPECTORDATAELEMENT_H
 #define INSPECTORDATAELEMENT_H
 
+#include "inspectorexport.h"
 #include "inspectorlink.h"
 
 #include <string>
@@ -16,7 +17,7 @@ constexpr int g_iInspectorNotGiven = -1;
 /// from this class for values of their own.
 ///
 /// All calls belong to the user-interface thread. Texts are byte strings.
-class CInspectorDataElement
+class INSPECTOR_EXPORT CInspectorDataElement
 {
 public:
     /// Why editing in place ended.
@@ -84,8 +85,9 @@ protected:
     CInspectorController* m_pController = nullptr; ///< not owned; null before registration
 
 private:
-    friend class CInspectorLink<CInspectorDataElement>;
+    friend class CInspectorController;
     friend class CInspectorDataWidget;
+    friend class CInspectorLink<CInspectorDataElement>;
 
     CInspectorLink<CInspectorDataWidget> m_widgetLink;
     CInspectorAnchor<CInspectorDataElement> m_anchor{this};
@@ -93,7 +95,7 @@ private:
 
 /// What shows one data element, on the toolkit side. A concrete widget derives from a toolkit widget first and from
 /// this class second.
-class CInspectorDataWidget
+class INSPECTOR_EXPORT CInspectorDataWidget
 {
 public:
     /// What changed in a value. The library passes null; an application may derive richer notices for its own
@@ -154,6 +156,7 @@ protected:
     CInspectorDataElement* m_pElement = nullptr; ///< not owned; null before registration and once it has died
 
 private:
+    friend class CInspectorController;
     friend class CInspectorLink<CInspectorDataWidget>;
 
     CInspectorLink<CInspectorDataElement> m_elementLink;
@@ -161,7 +164,7 @@ private:
 };
 
 /// Whoever can give a value as text: string-valued elements to their widgets, and widgets to their elements.
-class ISimpleDataProvider
+class INSPECTOR_EXPORT ISimpleDataProvider
 {
 public:
     virtual ~ISimpleDataProvider();
@@ -171,7 +174,7 @@ public:
 };
 
 /// Whoever is told the outcome by a shared in-place editor.
-class IInPlaceEditSink
+class INSPECTOR_EXPORT IInPlaceEditSink
 {
 public:
     virtual ~IInPlaceEditSink();

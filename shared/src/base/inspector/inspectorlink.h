@@ -1,6 +1,8 @@
 #ifndef INSPECTORLINK_H
 #define INSPECTORLINK_H
 
+#include "inspectorexport.h"
+
 /// Pointers that turn null when the object they point at dies.
 ///
 /// The library's objects point at each other in every direction and applications destroy them in any order, often
@@ -10,7 +12,7 @@
 /// \file
 
 /// The place of a link in the chain of links to one object.
-class CInspectorLinkBase
+class INSPECTOR_EXPORT CInspectorLinkBase
 {
 public:
     CInspectorLinkBase() = default;

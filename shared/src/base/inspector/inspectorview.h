@@ -17,7 +17,7 @@
 /// All sizes and positions are pixels of the content, before scrolling; 32-bit arithmetic on them wraps. A size of -1
 /// (g_iInspectorNotGiven) is "not given". The view owns its tree and its holders, never the elements and widgets. All
 /// calls belong to the user-interface thread.
-class CInspectorView
+class INSPECTOR_EXPORT CInspectorView
 {
 public:
     struct sInspectorHolder;
@@ -46,7 +46,7 @@ public:
 
     /// The width that a row asks for its control. Percentages are of the row's width (in preview of the view's).
     /// Bounds that compute to -1 are absent.
-    struct sRequestSize
+    struct INSPECTOR_EXPORT sRequestSize
     {
         int minimumIsPercent = 0; ///< not 0: `minimum` is a percentage
         int minimum = g_iInspectorNotGiven;
@@ -70,7 +70,7 @@ public:
     };
 
     /// One control, or one single-line container, with the rectangle that the last layout gave it.
-    struct sInspectorHolder
+    struct INSPECTOR_EXPORT sInspectorHolder
     {
         sInspectorHolder() = default;
         ~sInspectorHolder();
@@ -126,7 +126,7 @@ public:
     };
 
     /// Hands out every node of a tree, breadth first, for painting. The tree must not change meanwhile.
-    struct sDrawElementVisitor
+    struct INSPECTOR_EXPORT sDrawElementVisitor
     {
         /// Starts on the view's top-level nodes.
         explicit sDrawElementVisitor(CInspectorView* in_pView);

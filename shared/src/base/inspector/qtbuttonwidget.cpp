@@ -6,7 +6,7 @@
 
 using namespace InspectorWidgets;
 
-CQTButtonWidget::CQTButtonWidget() {}
+CQTButtonWidget::CQTButtonWidget() = default;
 
 const char* CQTButtonWidget::GetType()
 {
@@ -90,7 +90,7 @@ void CQTButtonWidget::paintEvent(QPaintEvent*)
     QApplication::style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
 }
 
-CQTStaticWidget::CQTStaticWidget() {}
+CQTStaticWidget::CQTStaticWidget() = default;
 
 const char* CQTStaticWidget::GetType()
 {

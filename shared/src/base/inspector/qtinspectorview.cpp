@@ -166,7 +166,8 @@ void CQTInspectorView::OnToggleShowContent(bool in_bShow)
     QWidget* pFocused = QApplication::focusWidget();
     if (!in_bShow && pFocused && m_pContentWidget->isAncestorOf(pFocused))
     {
-        pFocused->clearFocus();
+        // QWidget::clearFocus would not survive the death of its widget.
+        window()->setFocus(Qt::OtherFocusReason);
     }
     if (self)
     {

@@ -18,7 +18,7 @@ class QPainter;
 /// The application puts it into a window, wires it to its controller, fills it (see CInspectorView) and calls
 /// ResizeInspector whenever the space for it changes; a layout of Qt's resizes the widget only. Before deleting it from
 /// inside a handler that a paint reached, use deleteLater; everywhere else it may be deleted at once.
-class CQTInspectorView : public QWidget, public CInspectorView
+class INSPECTOR_EXPORT CQTInspectorView : public QWidget, public CInspectorView
 {
     Q_OBJECT
 

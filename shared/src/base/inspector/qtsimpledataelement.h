@@ -10,7 +10,7 @@
 
 /// A value held as text. Derive from it: load the value in Connect, react to the user's changes in
 /// InternalValueChanged.
-class CSimpleDataElement : public CInspectorDataElement, public ISimpleDataProvider
+class INSPECTOR_EXPORT CSimpleDataElement : public CInspectorDataElement, public ISimpleDataProvider
 {
 public:
     using CInspectorDataElement::OnCtrlValueChange;
@@ -39,7 +39,7 @@ protected:
 };
 
 /// A value that is true or false, shown by a CQTSimpleBoolWidget.
-class CBoolDataElement : public CInspectorDataElement
+class INSPECTOR_EXPORT CBoolDataElement : public CInspectorDataElement
 {
 public:
     using CInspectorDataElement::OnCtrlValueChange;
@@ -66,7 +66,7 @@ private:
 };
 
 /// A push button that runs a command of the controller. The application fills the members.
-class CButtonDataElement : public CInspectorDataElement
+class INSPECTOR_EXPORT CButtonDataElement : public CInspectorDataElement
 {
 public:
     const char* GetType() override; ///< "qt.button.data"
@@ -82,7 +82,7 @@ public:
 };
 
 /// A text that is only shown.
-class CStaticDataElement : public CInspectorDataElement
+class INSPECTOR_EXPORT CStaticDataElement : public CInspectorDataElement
 {
 public:
     /// An empty text, to the left and vertically centred.
@@ -99,7 +99,7 @@ public:
 
 /// A value that is one of several choices. The choices are the element's own (CreateEnum, then AddEnum) or lent by the
 /// application (SetExternalEnum), so that many elements can share them.
-class CEnumDataElement : public CSimpleDataElement
+class INSPECTOR_EXPORT CEnumDataElement : public CSimpleDataElement
 {
 public:
     /// The order in which sEnumDefinition::GetAllItems gives the choices. Other values mean eSortNone.
@@ -112,7 +112,7 @@ public:
     };
 
     /// The choices: value texts and what is shown for them. Texts are byte strings.
-    struct sEnumDefinition
+    struct INSPECTOR_EXPORT sEnumDefinition
     {
         struct sEnumItem
         {
@@ -120,17 +120,17 @@ public:
             std::string display;
         };
 
-        struct SortEnumItemOnValue
+        struct INSPECTOR_EXPORT SortEnumItemOnValue
         {
             bool operator()(const sEnumItem& in_first, const sEnumItem& in_second) const;
         };
 
-        struct SortEnumItemOnDisplay
+        struct INSPECTOR_EXPORT SortEnumItemOnDisplay
         {
             bool operator()(const sEnumItem& in_first, const sEnumItem& in_second) const;
         };
 
-        struct SortEnumItemOnNumericalValue
+        struct INSPECTOR_EXPORT SortEnumItemOnNumericalValue
         {
             bool operator()(const sEnumItem& in_first, const sEnumItem& in_second) const;
         };

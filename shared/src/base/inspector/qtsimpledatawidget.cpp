@@ -145,7 +145,7 @@ void CQTSimpleDataWidget::hideEvent(QHideEvent* in_pEvent)
     QWidget::hideEvent(in_pEvent);
 }
 
-CQTSimpleBoolWidget::CQTSimpleBoolWidget() {}
+CQTSimpleBoolWidget::CQTSimpleBoolWidget() = default;
 
 void CQTSimpleBoolWidget::InitFromElement()
 {
@@ -283,17 +283,27 @@ void CQTSimpleTextWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
 {
     std::string strBytes;
     QString strText;
-    if (!ReadText(GetSafeData(), strBytes, strText) || (hasFocus() && document()->isModified()))
+    if (!ReadText(GetSafeData(), strBytes, strText))
     {
         return;
     }
     std::string strPresent;
     GetDataAsString(strPresent);
-    if (strBytes != strPresent) // setting the same text again would move the cursor and forget what can be undone
-    {
-        setText(strText);
-    }
     m_strLoaded = strBytes;
+    m_bOutdated = hasFocus() && document()->isModified();
+    if (!m_bOutdated)
+    {
+        ShowLoaded(strBytes != strPresent); // the same text again would move the cursor and forget what can be undone
+    }
+}
+
+void CQTSimpleTextWidget::ShowLoaded(bool in_bReplaceText)
+{
+    if (in_bReplaceText)
+    {
+        setText(InspectorQt::Text(m_strLoaded));
+    }
+    m_bOutdated = false;
     m_strShown = toPlainText();
     document()->setModified(false);
     update();
@@ -310,8 +320,17 @@ CSimpleDataElement* CQTSimpleTextWidget::GetSafeData()
     return dynamic_cast<CSimpleDataElement*>(m_pElement);
 }
 
-void CQTSimpleTextWidget::focusOutEvent(QFocusEvent*)
+void CQTSimpleTextWidget::focusOutEvent(QFocusEvent* in_pEvent)
 {
+    const QWidget* pPopup = in_pEvent->reason() == Qt::PopupFocusReason ? QApplication::activePopupWidget() : nullptr;
+    if (pPopup && (pPopup->parentWidget() == this || pPopup->parentWidget() == viewport()))
+    {
+        return; // its own context menu: the editing goes on, and so does Qt with this widget
+    }
+    if (m_bOutdated && toPlainText() == m_strShown)
+    {
+        ShowLoaded(true); // what was typed has been taken back
+    }
     update(); // ahead of the report, which may destroy this widget
     document()->setModified(false);
     if (CSimpleDataElement* pElement = GetSafeData())

@@ -18,7 +18,7 @@ class CInPlaceKeeper;
 /// being edited; it follows that widget and ends when the widget goes out of sight.
 ///
 /// Operations that start something else end a running edit first, which is reported to its own sink.
-class CInPlaceEdit : public QLineEdit
+class INSPECTOR_EXPORT CInPlaceEdit : public QLineEdit
 {
     Q_OBJECT
 
@@ -74,10 +74,10 @@ private:
 
 /// One line of text, edited in place. Pair it with a CSimpleDataElement; a press of the left button starts editing
 /// unless the element is read-only.
-class CQTSimpleDataWidget : public QWidget,
-                            public CInspectorDataWidget,
-                            public ISimpleDataProvider,
-                            public IInPlaceEditSink
+class INSPECTOR_EXPORT CQTSimpleDataWidget : public QWidget,
+                                             public CInspectorDataWidget,
+                                             public ISimpleDataProvider,
+                                             public IInPlaceEditSink
 {
     Q_OBJECT
 
@@ -130,7 +130,7 @@ private:
 
 /// A square box with a cross when the value is true; any mouse button toggles it unless the element is read-only. Pair
 /// it with a CBoolDataElement.
-class CQTSimpleBoolWidget : public QWidget, public CInspectorDataWidget
+class INSPECTOR_EXPORT CQTSimpleBoolWidget : public QWidget, public CInspectorDataWidget
 {
     Q_OBJECT
 
@@ -162,7 +162,7 @@ protected:
 
 /// A text of several lines, edited in the row itself; it is handed to the element when the focus leaves. Pair it with a
 /// CSimpleDataElement. A read-only element's text can be typed into, but the element keeps its value.
-class CQTSimpleTextWidget : public QTextEdit, public CInspectorDataWidget, public ISimpleDataProvider
+class INSPECTOR_EXPORT CQTSimpleTextWidget : public QTextEdit, public CInspectorDataWidget, public ISimpleDataProvider
 {
     Q_OBJECT
 
@@ -188,17 +188,20 @@ public:
     CSimpleDataElement* GetSafeData();
 
 protected:
-    /// Reports the text. QTextEdit's own handling is left out on purpose.
+    /// Reports the text, unless the focus goes to the context menu. QTextEdit's own handling is left out on purpose.
     void focusOutEvent(QFocusEvent* in_pEvent) override;
 
 private:
-    std::string m_strLoaded; ///< what the element gave last
-    QString m_strShown;      ///< the plain text that it was shown as
+    void ShowLoaded(bool in_bReplaceText);
+
+    std::string m_strLoaded;  ///< what the element gave last
+    QString m_strShown;       ///< the plain text that was shown for the element's value
+    bool m_bOutdated = false; ///< m_strLoaded came while something else was being typed
 };
 
 /// The drop-down list that all enumeration values of the process share: a tool-tip window under the widget being
 /// edited. Choices are picked with the mouse; every key and a press elsewhere close it with the value it opened with.
-class CInPlaceList : public QListWidget
+class INSPECTOR_EXPORT CInPlaceList : public QListWidget
 {
     Q_OBJECT
 
@@ -254,10 +257,10 @@ private:
 
 /// A closed drop-down that shows the display text of the value; a press of the left button opens the shared list, read-
 /// only or not. Pair it with a CEnumDataElement.
-class CQTEnumDataWidget : public QWidget,
-                          public CInspectorDataWidget,
-                          public ISimpleDataProvider,
-                          public IInPlaceEditSink
+class INSPECTOR_EXPORT CQTEnumDataWidget : public QWidget,
+                                           public CInspectorDataWidget,
+                                           public ISimpleDataProvider,
+                                           public IInPlaceEditSink
 {
     Q_OBJECT
 
@@ -308,7 +311,7 @@ private:
 
 /// A push button, centred round its text. Any mouse button pressed on it passes the press to the element. Pair it with
 /// a CButtonDataElement.
-class CQTButtonWidget : public QWidget, public CInspectorDataWidget
+class INSPECTOR_EXPORT CQTButtonWidget : public QWidget, public CInspectorDataWidget
 {
     Q_OBJECT
 
@@ -335,7 +338,7 @@ protected:
 };
 
 /// A text that cannot be edited. Pair it with a CStaticDataElement.
-class CQTStaticWidget : public QWidget, public CInspectorDataWidget
+class INSPECTOR_EXPORT CQTStaticWidget : public QWidget, public CInspectorDataWidget
 {
     Q_OBJECT
 

@@ -35,7 +35,8 @@ bool CViewFilter::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
         }
         return false;
     case QEvent::MouseButtonPress:
-        return !in_pWatched->isWidgetType() && DeliverRightPress(*static_cast<QMouseEvent*>(in_pEvent));
+        return !in_pWatched->isWidgetType() && InspectorQt::WindowWidget(in_pWatched) == m_pView->window() &&
+               TakeWindowPress(in_pWatched, *static_cast<QMouseEvent*>(in_pEvent));
     default:
         return false;
     }
@@ -50,6 +51,35 @@ bool CViewFilter::Scroll(QEvent* in_pWheel)
         QCoreApplication::sendEvent(m_pScrollBar, in_pWheel);
     }
     return true;
+}
+
+bool CViewFilter::TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_press)
+{
+    const QPointer<QObject> pWindow = in_pWindow;
+    const QPointer<QObject> self = this;
+    ReleaseFocus(in_press.pos());
+    return !pWindow || (self && DeliverRightPress(in_press));
+}
+
+/// Qt gives the focus to what was pressed and then goes on with it. A data widget that thereby loses the focus reports,
+/// which may destroy what was pressed: it loses the focus here, before Qt looks for what that is.
+void CViewFilter::ReleaseFocus(const QPoint& in_position)
+{
+    QWidget* pFocused = QApplication::focusWidget();
+    if (!pFocused || !m_pContent->isAncestorOf(pFocused))
+    {
+        return;
+    }
+    QWidget* pPressed = m_pView->window()->childAt(in_position);
+    while (pPressed && pPressed != pFocused && !(pPressed->isEnabled() && pPressed->focusPolicy() & Qt::ClickFocus))
+    {
+        pPressed = pPressed->isWindow() ? nullptr : pPressed->parentWidget();
+    }
+    if (pPressed && pPressed != pFocused && !pPressed->isAncestorOf(pFocused) && pPressed->focusProxy() != pFocused)
+    {
+        // QWidget::clearFocus would not survive the death of its widget.
+        m_pView->window()->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 bool CViewFilter::DeliverRightPress(const QMouseEvent& in_press)

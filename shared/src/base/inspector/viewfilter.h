@@ -12,6 +12,7 @@
 /// - The wheel scrolls the view wherever the cursor is over it: no editor takes the wheel.
 /// - A press of the right button reaches a data widget from here, because Qt would follow it by a context-menu event to
 ///   that same widget, even if the press has made the application destroy it.
+/// - A data widget that is to lose the focus to a press loses it before the press is delivered.
 class CViewFilter : public QObject
 {
 public:
@@ -25,6 +26,8 @@ public:
 
 private:
     bool Scroll(QEvent* in_pWheel);
+    bool TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_press);
+    void ReleaseFocus(const QPoint& in_position);
     bool DeliverRightPress(const QMouseEvent& in_press);
 
     QWidget* m_pView;
