@@ -1,0 +1,26 @@
+#include "mainwindow.h"
+#include "pictures.h"
+#include "qtcompat.h"
+
+#include <QStringList>
+
+#include <cstdio>
+
+int main(int argc, char** argv)
+{
+    QtCompat::EnableHighDpiScaling();
+    QApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.size() == 1)
+    {
+        CMainWindow window;
+        window.show();
+        return application.exec();
+    }
+    if (arguments.size() == 3 && arguments.at(1) == QLatin1String("--pictures"))
+    {
+        return WritePictures(arguments.at(2)) ? 0 : 1;
+    }
+    std::fputs("usage: liveobjects [--pictures DIRECTORY]\n", stderr);
+    return 2;
+}

@@ -1,0 +1,115 @@
+#include "pictures.h"
+
+#include "inspectorhost.h"
+#include "mainwindow.h"
+#include "qtsimpledatawidget.h"
+#include "stage.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QSlider>
+#include <QStyle>
+
+#include <cstdio>
+
+namespace
+{
+/// Looks alike wherever it runs.
+void SetUpLook()
+{
+    QApplication::setStyle(QLatin1String("Fusion"));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    QFont font(QLatin1String("DejaVu Sans"));
+    font.setPixelSize(13);
+    QApplication::setFont(font);
+}
+
+class CPictures
+{
+public:
+    explicit CPictures(const QString& in_strDirectory) : m_directory(in_strDirectory) { m_window.show(); }
+
+    bool Write();
+
+private:
+    template <class Widget> void Select();
+    void ScrollTo(const char* in_strRow);
+    void PressRow(const char* in_strRow);
+    void Save(const char* in_strName, QWidget* in_pEditor = nullptr);
+
+    CMainWindow m_window;
+    QDir m_directory;
+    bool m_bAllSaved = true;
+};
+
+bool CPictures::Write()
+{
+    Select<QSlider>();
+    Save("page");
+    PressRow("value");
+    CQTSimpleDataWidget::g_pInPlace->insert(QLatin1String("75"));
+    Save("editing", CQTSimpleDataWidget::g_pInPlace);
+    PressRow("tickPosition");
+    Save("list", CQTEnumDataWidget::g_pInPlaceList.get());
+    CQTEnumDataWidget::g_pInPlaceList->OnFinishEditing();
+    ScrollTo("styleSheet");
+    Save("scrolled");
+    m_window.GetInspector().SetPreviewMode(true);
+    Save("preview");
+    m_window.GetInspector().SetPreviewMode(false);
+    m_window.GetStage()->Select(nullptr);
+    Save("message");
+    Select<QPushButton>();
+    m_window.GetStage()->findChild<QPushButton*>()->setEnabled(false);
+    Save("commands");
+    return m_bAllSaved;
+}
+
+template <class Widget> void CPictures::Select()
+{
+    m_window.GetStage()->Select(m_window.GetStage()->findChild<Widget*>());
+}
+
+void CPictures::ScrollTo(const char* in_strRow)
+{
+    QWidget* pRow = m_window.GetHost()->findChild<QWidget*>(QLatin1String(in_strRow));
+    m_window.GetHost()->GetView()->EnsureVisible(dynamic_cast<CInspectorDataWidget*>(pRow));
+}
+
+void CPictures::PressRow(const char* in_strRow)
+{
+    QWidget* pRow = m_window.GetHost()->findChild<QWidget*>(QLatin1String(in_strRow));
+    const QPoint centre = pRow->rect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, centre, pRow->mapToGlobal(centre), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(pRow, &press);
+}
+
+/// An editor is a window of its own: it is painted over the main window where it stands.
+void CPictures::Save(const char* in_strName, QWidget* in_pEditor)
+{
+    QApplication::processEvents();
+    QImage image(m_window.size(), QImage::Format_RGB32);
+    QPainter painter(&image);
+    m_window.render(&painter);
+    if (in_pEditor)
+    {
+        in_pEditor->render(&painter, m_window.mapFromGlobal(in_pEditor->geometry().topLeft()));
+    }
+    painter.end();
+    const QString strPath = m_directory.absoluteFilePath(QLatin1String(in_strName) + QLatin1String(".png"));
+    m_bAllSaved = image.save(strPath) && m_bAllSaved;
+    std::puts(strPath.toLocal8Bit().constData());
+}
+} // namespace
+
+bool WritePictures(const QString& in_strDirectory)
+{
+    SetUpLook();
+    return QDir().mkpath(in_strDirectory) && CPictures(in_strDirectory).Write();
+}

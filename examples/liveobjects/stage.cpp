@@ -1,0 +1,154 @@
+#include "stage.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+
+namespace
+{
+const int g_iMargin = 20;
+const int g_iGap = 18;
+const int g_iObjectWidth = 280;
+const int g_iFrame = 5; ///< from an object to the selection frame round it
+} // namespace
+
+CStage::CStage() : m_iNextY(g_iMargin)
+{
+    CreateObjects();
+    setMinimumSize(g_iObjectWidth + 2 * g_iMargin, m_iNextY);
+    qApp->installEventFilter(this);
+}
+
+void CStage::CreateObjects()
+{
+    QSlider* pSlider = new QSlider(Qt::Horizontal);
+    QSpinBox* pSpinBox = new QSpinBox;
+    QProgressBar* pProgressBar = new QProgressBar;
+    QCheckBox* pCheckBox = new QCheckBox(QLatin1String("A check box"));
+    QPushButton* pButton = new QPushButton(QLatin1String("A push button"));
+    QCalendarWidget* pCalendar = new QCalendarWidget;
+    Add(pSlider, "slider");
+    Add(pSpinBox, "spinBox");
+    Add(pProgressBar, "progressBar");
+    Add(pCheckBox, "checkBox");
+    Add(new QLineEdit(QLatin1String("Type here")), "lineEdit");
+    Add(new QLabel(QLatin1String("A label")), "label");
+    Add(pButton, "pushButton");
+    Add(pCalendar, "calendar");
+
+    pCalendar->setSelectedDate(QDate(2024, 2, 29));
+    connect(pSlider, SIGNAL(valueChanged(int)), pSpinBox, SLOT(setValue(int)));
+    connect(pSpinBox, SIGNAL(valueChanged(int)), pSlider, SLOT(setValue(int)));
+    connect(pSlider, SIGNAL(valueChanged(int)), pProgressBar, SLOT(setValue(int)));
+    connect(pButton, SIGNAL(clicked()), pCheckBox, SLOT(toggle()));
+    pSlider->setValue(40);
+}
+
+/// Placed without a layout, which would undo what is done to an object's geometry.
+void CStage::Add(QWidget* in_pObject, const char* in_strName)
+{
+    in_pObject->setParent(this);
+    in_pObject->setObjectName(QLatin1String(in_strName));
+    in_pObject->show();
+    in_pObject->setGeometry(g_iMargin, m_iNextY, g_iObjectWidth, in_pObject->sizeHint().height());
+    m_iNextY += in_pObject->height() + g_iGap;
+    m_objects.append(in_pObject);
+}
+
+void CStage::Select(QWidget* in_pObject)
+{
+    m_pSelected = in_pObject;
+    update();
+    emit Selected(in_pObject);
+}
+
+void CStage::SelectNext()
+{
+    const int iCount = static_cast<int>(m_objects.size());
+    const int iSelected = m_pSelected ? static_cast<int>(m_objects.indexOf(m_pSelected)) : -1;
+    for (int i = 1; i <= iCount; ++i)
+    {
+        if (QWidget* pObject = m_objects.at((iSelected + i) % iCount))
+        {
+            Select(pObject);
+            return;
+        }
+    }
+}
+
+void CStage::Restore()
+{
+    Select(nullptr);
+    foreach (const tObject& pObject, m_objects)
+    {
+        delete pObject.data();
+    }
+    m_objects.clear();
+    m_iNextY = g_iMargin;
+    CreateObjects();
+}
+
+/// The object that a widget is or is part of; null for any other widget.
+QWidget* CStage::ObjectAround(QWidget* in_pWidget) const
+{
+    while (in_pWidget && in_pWidget->parentWidget() != this)
+    {
+        in_pWidget = in_pWidget->isWindow() ? nullptr : in_pWidget->parentWidget();
+    }
+    return in_pWidget;
+}
+
+/// Watches the whole application: a press on any part of an object selects it, before the object gets the press.
+bool CStage::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
+{
+    switch (in_pEvent->type())
+    {
+    case QEvent::MouseButtonPress:
+        if (QWidget* pObject = ObjectAround(qobject_cast<QWidget*>(in_pWatched)))
+        {
+            Select(pObject);
+        }
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Hide:
+    case QEvent::ChildRemoved:
+        if (in_pWatched == m_pSelected || in_pWatched == this)
+        {
+            update();
+        }
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+/// Gets the presses that objects do not want, too.
+void CStage::mousePressEvent(QMouseEvent* in_pEvent)
+{
+    if (!childAt(in_pEvent->pos()))
+    {
+        Select(nullptr);
+    }
+}
+
+void CStage::paintEvent(QPaintEvent*)
+{
+    if (m_pSelected && m_pSelected->isVisible())
+    {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(m_pSelected->geometry().adjusted(-g_iFrame, -g_iFrame, g_iFrame, g_iFrame));
+    }
+}

@@ -1,0 +1,47 @@
+#ifndef STAGE_H
+#define STAGE_H
+
+#include <QList>
+#include <QPointer>
+#include <QWidget>
+
+/// A few widgets to inspect. Pressing one selects it and works it as well; pressing beside them selects nothing.
+class CStage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    CStage();
+
+    /// Null selects nothing.
+    void Select(QWidget* in_pObject);
+
+    bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
+
+public slots:
+    /// Selects the object after the selected one that is still alive, hidden ones included.
+    void SelectNext();
+
+    /// Replaces all objects by new ones.
+    void Restore();
+
+signals:
+    void Selected(QObject* in_pObject);
+
+protected:
+    void mousePressEvent(QMouseEvent* in_pEvent) override;
+    void paintEvent(QPaintEvent* in_pEvent) override;
+
+private:
+    typedef QPointer<QWidget> tObject;
+
+    void CreateObjects();
+    void Add(QWidget* in_pObject, const char* in_strName);
+    QWidget* ObjectAround(QWidget* in_pWidget) const;
+
+    QList<tObject> m_objects;
+    QPointer<QWidget> m_pSelected;
+    int m_iNextY;
+};
+
+#endif
