@@ -17,10 +17,11 @@ int main(int argc, char** argv)
         window.show();
         return application.exec();
     }
-    if (arguments.size() == 3 && arguments.at(1) == QLatin1String("--pictures"))
+    const bool bDark = arguments.last() == QLatin1String("--dark");
+    if (arguments.size() == (bDark ? 4 : 3) && arguments.at(1) == QLatin1String("--pictures"))
     {
-        return WritePictures(arguments.at(2)) ? 0 : 1;
+        return WritePictures(arguments.at(2), bDark) ? 0 : 1;
     }
-    std::fputs("usage: liveobjects [--pictures DIRECTORY]\n", stderr);
+    std::fputs("usage: liveobjects [--pictures DIRECTORY [--dark]]\n", stderr);
     return 2;
 }

@@ -2,6 +2,7 @@
 
 #include "inspectorhost.h"
 #include "mainwindow.h"
+#include "qtcompat.h"
 #include "qtsimpledatawidget.h"
 #include "stage.h"
 
@@ -20,10 +21,11 @@
 namespace
 {
 /// Looks alike wherever it runs.
-void SetUpLook()
+void SetUpLook(bool in_bDark)
 {
     QApplication::setStyle(QLatin1String("Fusion"));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    QApplication::setPalette(in_bDark ? QPalette(QColor(60, 60, 60), QColor(45, 45, 45))
+                                      : QApplication::style()->standardPalette());
     QFont font(QLatin1String("DejaVu Sans"));
     font.setPixelSize(13);
     QApplication::setFont(font);
@@ -94,7 +96,7 @@ void CPictures::PressRow(const char* in_strRow)
 void CPictures::Save(const char* in_strName, QWidget* in_pEditor)
 {
     QApplication::processEvents();
-    QImage image(m_window.size(), QImage::Format_RGB32);
+    QImage image = QtCompat::ImageFor(m_window);
     QPainter painter(&image);
     m_window.render(&painter);
     if (in_pEditor)
@@ -108,8 +110,8 @@ void CPictures::Save(const char* in_strName, QWidget* in_pEditor)
 }
 } // namespace
 
-bool WritePictures(const QString& in_strDirectory)
+bool WritePictures(const QString& in_strDirectory, bool in_bDark)
 {
-    SetUpLook();
+    SetUpLook(in_bDark);
     return QDir().mkpath(in_strDirectory) && CPictures(in_strDirectory).Write();
 }

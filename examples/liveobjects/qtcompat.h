@@ -6,9 +6,11 @@
 
 #include <QApplication>
 #include <QByteArray>
+#include <QImage>
 #include <QMetaMethod>
 #include <QMetaType>
 #include <QVariant>
+#include <QWidget>
 
 namespace QtCompat
 {
@@ -37,6 +39,18 @@ inline void EnableHighDpiScaling()
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0) && QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+#endif
+}
+
+/// An image to paint a widget on, as fine as the widget is on its screen.
+inline QImage ImageFor(const QWidget& in_widget)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
+    QImage image(in_widget.size() * in_widget.devicePixelRatioF(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(in_widget.devicePixelRatioF());
+    return image;
+#else
+    return QImage(in_widget.size(), QImage::Format_RGB32);
 #endif
 }
 } // namespace QtCompat

@@ -168,7 +168,8 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
         EndWith(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
     }
     const bool bHandled = QLineEdit::event(in_pEvent);
-    if (eType == QEvent::FocusIn && m_bEditing && !isModified())
+    if (eType == QEvent::FocusIn && m_bEditing && !isModified() &&
+        static_cast<QFocusEvent*>(in_pEvent)->reason() == Qt::ActiveWindowFocusReason)
     {
         selectAll(); // a line edit whose window is activated before it has the focus drops its selection
     }

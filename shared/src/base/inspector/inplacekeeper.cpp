@@ -8,9 +8,9 @@ QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
 }
 
 CInPlaceSinkWatch::CInPlaceSinkWatch(IInPlaceEditSink* in_pSink)
-    : m_pObject(dynamic_cast<QObject*>(in_pSink)), m_bIsObject(m_pObject)
-{
-}
+    : m_pObject(dynamic_cast<QObject*>(in_pSink)),
+      m_bIsObject(m_pObject)
+{}
 
 CInPlaceKeeper::CBusy::CBusy(CInPlaceKeeper* in_pKeeper) : m_pKeeper(in_pKeeper)
 {
@@ -26,7 +26,9 @@ CInPlaceKeeper::CBusy::~CBusy()
 }
 
 CInPlaceKeeper::CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind)
-    : QObject(in_pEditor), m_pEditor(in_pEditor), m_eKind(in_eKind)
+    : QObject(in_pEditor),
+      m_pEditor(in_pEditor),
+      m_eKind(in_eKind)
 {
     m_pEditor->setAttribute(Qt::WA_QuitOnClose, false);
 }

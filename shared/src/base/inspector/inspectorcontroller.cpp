@@ -324,7 +324,7 @@ void CInspectorController::HandleNoticesOf(sInspectorControllerData* in_pItem, c
         return;
     }
     const CInspectorWatch<sInspectorControllerData> item(in_pItem);
-    for (std::size_t i = 0; in_self && item && i < m_dirtyItems[in_pItem].size(); ++i)
+    for (std::size_t i = 0; in_self && (item || !in_pItem) && i < m_dirtyItems[in_pItem].size(); ++i)
     {
         // Its slot is emptied first: when the handler drops the item's notices, this one is still deleted only here.
         IDirtyControllerDataInfo* pNotice = nullptr;

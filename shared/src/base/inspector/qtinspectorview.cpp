@@ -1,6 +1,7 @@
 #include "qtinspectorview.h"
 
 #include "inspectorqt.h"
+#include "qtsimpledatawidget.h"
 #include "viewfilter.h"
 
 namespace
@@ -21,7 +22,11 @@ CQTInspectorView::CQTInspectorView() : m_pContentWidget(new QWidget(this)), m_pS
 
 CQTInspectorView::~CQTInspectorView()
 {
-    delete m_pFilter;
+    if (m_pContentWidget->findChild<CQTEnumDataWidget*>())
+    {
+        // Its death would end an open list, whose report may still build on this view: better while that is whole.
+        CQTEnumDataWidget::g_pInPlaceList->SetSink(nullptr);
+    }
     delete m_pContentWidget;
     m_pContentWidget = nullptr;
     delete m_pScrollBar;
@@ -163,11 +168,9 @@ int CQTInspectorView::GetElementLabelWidth(CInspectorView::sInspectorElement* in
 void CQTInspectorView::OnToggleShowContent(bool in_bShow)
 {
     const QPointer<QWidget> self(this);
-    QWidget* pFocused = QApplication::focusWidget();
-    if (!in_bShow && pFocused && m_pContentWidget->isAncestorOf(pFocused))
+    if (!in_bShow)
     {
-        // QWidget::clearFocus would not survive the death of its widget.
-        window()->setFocus(Qt::OtherFocusReason);
+        m_pFilter->TakeFocus();
     }
     if (self)
     {

@@ -310,7 +310,8 @@ private:
 };
 
 /// A push button, centred round its text. Any mouse button pressed on it passes the press to the element. Pair it with
-/// a CButtonDataElement.
+/// a CButtonDataElement. It reads the element as it paints: after changing that, ask the view for a repaint
+/// (UpdateView).
 class INSPECTOR_EXPORT CQTButtonWidget : public QWidget, public CInspectorDataWidget
 {
     Q_OBJECT
@@ -337,7 +338,8 @@ protected:
     QRect m_buttonRect; ///< where the button was last painted; only a press inside it counts
 };
 
-/// A text that cannot be edited. Pair it with a CStaticDataElement.
+/// A text that cannot be edited. Pair it with a CStaticDataElement. It reads the element as it paints: after changing
+/// that, ask the view for a repaint (UpdateView).
 class INSPECTOR_EXPORT CQTStaticWidget : public QWidget, public CInspectorDataWidget
 {
     Q_OBJECT

@@ -34,11 +34,23 @@ bool CViewFilter::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
             InspectorQt::WatchWindow(m_pView, this);
         }
         return false;
+    case QEvent::ChildAdded:
+        WatchChild(static_cast<QChildEvent*>(in_pEvent)->child(), in_pWatched);
+        return false;
     case QEvent::MouseButtonPress:
         return !in_pWatched->isWidgetType() && InspectorQt::WindowWidget(in_pWatched) == m_pView->window() &&
                TakeWindowPress(in_pWatched, *static_cast<QMouseEvent*>(in_pEvent));
     default:
         return false;
+    }
+}
+
+/// What a data widget is given inside later is watched too.
+void CViewFilter::WatchChild(QObject* in_pChild, const QObject* in_pParent)
+{
+    if (in_pParent != m_pView && in_pChild->isWidgetType())
+    {
+        WatchControl(static_cast<QWidget*>(in_pChild));
     }
 }
 
@@ -65,20 +77,35 @@ bool CViewFilter::TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_pre
 /// which may destroy what was pressed: it loses the focus here, before Qt looks for what that is.
 void CViewFilter::ReleaseFocus(const QPoint& in_position)
 {
-    QWidget* pFocused = QApplication::focusWidget();
-    if (!pFocused || !m_pContent->isAncestorOf(pFocused))
-    {
-        return;
-    }
-    QWidget* pPressed = m_pView->window()->childAt(in_position);
+    const QWidget* pFocused = QApplication::focusWidget();
+    const QWidget* pPressed = pFocused ? m_pView->window()->childAt(in_position) : nullptr;
     while (pPressed && pPressed != pFocused && !(pPressed->isEnabled() && pPressed->focusPolicy() & Qt::ClickFocus))
     {
         pPressed = pPressed->isWindow() ? nullptr : pPressed->parentWidget();
     }
     if (pPressed && pPressed != pFocused && !pPressed->isAncestorOf(pFocused) && pPressed->focusProxy() != pFocused)
     {
+        TakeFocus();
+    }
+}
+
+void CViewFilter::TakeFocus()
+{
+    const QPointer<QWidget> pFocused = QApplication::focusWidget();
+    if (!pFocused || !m_pContent->isAncestorOf(pFocused))
+    {
+        return;
+    }
+    if (m_pView->isWindow())
+    {
+        // A report that deletes the view would delete the window that is to get the focus: it comes first.
+        QFocusEvent out(QEvent::FocusOut, Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(pFocused, &out);
+    }
+    if (pFocused)
+    {
         // QWidget::clearFocus would not survive the death of its widget.
-        m_pView->window()->setFocus(Qt::OtherFocusReason);
+        pFocused->window()->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -22,9 +22,13 @@ public:
     /// Watches a data widget and what is inside it.
     void WatchControl(QWidget* in_pControl);
 
+    /// Takes the focus from the data widget that has it, if one has. What that reports may destroy it, and the view.
+    void TakeFocus();
+
     bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
 private:
+    void WatchChild(QObject* in_pChild, const QObject* in_pParent);
     bool Scroll(QEvent* in_pWheel);
     bool TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_press);
     void ReleaseFocus(const QPoint& in_position);
