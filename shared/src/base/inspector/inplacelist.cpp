@@ -162,6 +162,10 @@ void CInPlaceList::OnFinishEditing()
 /// another by now: what it gets back must not be older than the model.
 void CInPlaceList::Dismiss(CInspectorDataElement::eEndEditCause in_eCause)
 {
+    if (m_bReported)
+    {
+        m_pKeeper->Close(); // the report turned to something else, a message box perhaps: not over that
+    }
     if (!m_bEditing || m_bReported)
     {
         return;

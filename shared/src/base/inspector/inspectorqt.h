@@ -68,18 +68,29 @@ inline bool IsWayland()
 #endif
 }
 
+/// Puts a top-level window, which must not be on show, on the screen that another widget is on: places are counted in
+/// the screen's own scale.
+inline void ShareScreen(QWidget* in_pWindow, const QWidget* in_pOther)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    if (const QWindow* pOther = in_pOther->window()->windowHandle())
+    {
+        in_pWindow->winId();
+        in_pWindow->windowHandle()->setScreen(pOther->screen());
+    }
+#else
+    Q_UNUSED(in_pWindow);
+    Q_UNUSED(in_pOther);
+#endif
+}
+
 /// Makes a top-level window belong to the window of `in_pOver` (null: to none), so that a modal dialog does not block
-/// it, and puts it on that window's screen.
+/// it.
 inline void SetTransientOwner(QWidget* in_pWindow, QWidget* in_pOver)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    QWindow* pOwner = in_pOver ? in_pOver->window()->windowHandle() : nullptr;
     in_pWindow->winId();
-    in_pWindow->windowHandle()->setTransientParent(pOwner);
-    if (pOwner)
-    {
-        in_pWindow->windowHandle()->setScreen(pOwner->screen());
-    }
+    in_pWindow->windowHandle()->setTransientParent(in_pOver ? in_pOver->window()->windowHandle() : nullptr);
 #else
     Q_UNUSED(in_pWindow);
     Q_UNUSED(in_pOver);
