@@ -35,6 +35,7 @@ public:
     /// One registered value. Owns the three it points at; each pointer is null once its object has died.
     struct INSPECTOR_EXPORT sInspectorControllerData
     {
+        /// Takes over element and widget, but does not link them to each other.
         explicit sInspectorControllerData(CInspectorDataElement* in_pElement = nullptr,
                                           CInspectorDataWidget* in_pWidget = nullptr);
         ~sInspectorControllerData();
@@ -101,6 +102,8 @@ public:
 
     /// Stores the flag here and in the view. It shows at the next layout.
     virtual void SetPreviewMode(bool in_bPreview);
+
+    /// The flag that SetPreviewMode stored last, false at first.
     virtual bool IsPreviewMode();
 
     /// The application handles one notice of an item; `in_pInfo` is null for an item that is dirty without one. The

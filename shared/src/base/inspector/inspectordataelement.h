@@ -145,7 +145,10 @@ public:
     /// Places the control, in pixels of the view's content widget, the scroll offset taken off.
     virtual void MoveWidget(int in_iX, int in_iY) = 0;
 
+    /// Shows the control; called when it is added to a view.
     virtual void Show() = 0;
+
+    /// Hides the control. For the application's own use; the library never calls it.
     virtual void Hide() = 0;
 
 protected:

@@ -7,6 +7,9 @@
 /// INSPECTOR_BUILDING is defined while the library itself is compiled.
 /// \file
 
+/// \def INSPECTOR_EXPORT
+/// In front of a name: part of the library's interface.
+
 #if defined(INSPECTOR_STATIC)
 #define INSPECTOR_EXPORT
 #elif !defined(_WIN32)

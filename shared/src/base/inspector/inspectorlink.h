@@ -98,11 +98,16 @@ private:
 template <class T> class CInspectorWatch
 {
 public:
+    /// Starts watching; `in_pTarget` may be null.
     explicit CInspectorWatch(T* in_pTarget) { m_link.Bind(m_pTarget, in_pTarget); }
 
     /// Null once the object has died.
     T* Get() const { return m_pTarget; }
+
+    /// Only while the object is there.
     T* operator->() const { return m_pTarget; }
+
+    /// Whether the object is still there.
     explicit operator bool() const { return m_pTarget != nullptr; }
 
 private:

@@ -108,6 +108,7 @@ public:
     /// Orders records by what they may still grow, the smallest first.
     struct sSortHolderByRemainingMax
     {
+        /// Whether the first record comes before the second.
         bool operator()(const sPositionHolder& in_first, const sPositionHolder& in_second) const
         {
             return in_first.remaining < in_second.remaining;
@@ -197,16 +198,20 @@ public:
     virtual void EnsureVisible(CInspectorDataWidget* in_pWidget);
 
     /// The space between the view's edge and the content, in pixels: 5, in preview mode 0.
+    /// \{
     virtual int GetInspectorLeftMargin();
     virtual int GetInspectorRightMargin();
     virtual int GetInspectorTopMargin();
     virtual int GetInspectorBottomMargin();
+    /// \}
 
     /// The space between a group's frame and what it holds, in pixels: 5, in preview mode 0.
+    /// \{
     virtual int GetGroupLeftMargin();
     virtual int GetGroupRightMargin();
     virtual int GetGroupTopMargin();
     virtual int GetGroupBottomMargin();
+    /// \}
 
     /// The height of a group's title in pixels: 10, in preview mode 0.
     virtual int GetGroupLabelHeight();
@@ -362,6 +367,7 @@ public:
         FindNextLeafItem();
     }
 
+    /// Whether all leaves have been given.
     bool IsAtEnd() const { return m_stack.empty(); }
 
     /// The present leaf; only valid before the end.

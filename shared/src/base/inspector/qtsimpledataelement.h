@@ -56,6 +56,7 @@ public:
     /// differs. Nothing happens with a widget that is no CQTSimpleBoolWidget. Being read-only is the widget's affair.
     virtual void OnCtrlValueChange();
 
+    /// The value as last stored; false before that.
     virtual bool GetValue();
 
     /// Stores the value. Neither notifies anybody nor refreshes the widget: call UpdateData afterwards.
@@ -114,22 +115,26 @@ public:
     /// The choices: value texts and what is shown for them. Texts are byte strings.
     struct INSPECTOR_EXPORT sEnumDefinition
     {
+        /// One choice.
         struct sEnumItem
         {
             std::string value;
             std::string display;
         };
 
+        /// The order eSortOnValue.
         struct INSPECTOR_EXPORT SortEnumItemOnValue
         {
             bool operator()(const sEnumItem& in_first, const sEnumItem& in_second) const;
         };
 
+        /// The order eSortOnDisplay.
         struct INSPECTOR_EXPORT SortEnumItemOnDisplay
         {
             bool operator()(const sEnumItem& in_first, const sEnumItem& in_second) const;
         };
 
+        /// The order eSortOnNumericalValue.
         struct INSPECTOR_EXPORT SortEnumItemOnNumericalValue
         {
             bool operator()(const sEnumItem& in_first, const sEnumItem& in_second) const;
