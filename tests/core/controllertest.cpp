@@ -1,0 +1,241 @@
+#include "corefakes.h"
+
+namespace
+{
+/// View and controller wired, with items a, b and c whose records lie in memory in this order.
+struct CItems
+{
+    CItems()
+    {
+        owner->m_pView = view.get();
+        view->m_pController = controller;
+        Add("");
+        Add("");
+        Add("");
+        owner->m_items.sort();
+        for (sItem* pItem : owner->m_items)
+        {
+            items.push_back(pItem);
+            elements.push_back(static_cast<CFakeElement*>(pItem->element));
+            elements.back()->m_strName = std::string(1, static_cast<char>('`' + items.size()));
+        }
+        journal.Take();
+    }
+
+    void Add(const std::string& in_strName)
+    {
+        CFakeElement* pElement = new CFakeElement(journal, in_strName);
+        CFakeWidget* pWidget = new CFakeWidget(journal, "w");
+        controller->AddItem(pElement, pWidget, new CFakeData(journal, "d"));
+        view->AddElement(pElement, pWidget, in_strName.c_str(), nullptr, nullptr);
+    }
+    void AddAgain()
+    {
+        controller->AddItem(elements[1], items[1]->widget, nullptr);
+        Remove(1);
+    }
+    void Remove(std::size_t in_uItem) { controller->RemoveItem(elements[in_uItem]); }
+    void Queue(std::size_t in_uItem, const char* in_str)
+    {
+        controller->DirtifyItem(items[in_uItem], in_str ? new CFakeNotice(journal, in_str) : nullptr);
+    }
+    void QueueForAll(const char* in_str) { controller->DirtifyController(new CFakeNotice(journal, in_str)); }
+    void Handle() { controller ? controller->HandleDirtyItems() : void(); }
+    void QueueAndHandle()
+    {
+        Queue(1, "5");
+        Handle();
+    }
+    CFakeWidget& Widget() { return static_cast<CFakeWidget&>(*items[1]->widget); }
+    CFakeData& Data() { return static_cast<CFakeData&>(*items[1]->data); }
+    CFakeNotice& Notice() { return static_cast<CFakeNotice&>(*owner->m_dirtyItems[items[1]][0]); }
+    CFakeNotice& NoticeForAll() { return static_cast<CFakeNotice&>(*owner->m_dirtyController[0]); }
+    void DeleteWidget()
+    {
+        Widget().m_bReleasesOwners = true;
+        delete items[1]->widget;
+    }
+    void LayOut() { view ? view->ResizeInspector(100, -1) : void(); }
+    void Scroll() { view ? view->OffsetControls(0, 10) : void(); }
+    void Refresh()
+    {
+        for (sItem* pItem : owner ? owner->m_items : std::list<sItem*>())
+        {
+            pItem->element ? pItem->element->UpdateData() : void();
+        }
+    }
+    void MoveFocus()
+    {
+        const bool bItems = owner && !owner->m_items.empty();
+        bItems ? controller->GiveFocusToNextElement(owner->m_items.front()->widget) : void();
+    }
+    void DeleteController()
+    {
+        if (owner)
+        {
+            owner.reset();
+            controller = nullptr;
+        }
+    }
+
+    sJournal journal;
+    std::unique_ptr<CFakeView> view{new CFakeView(journal)};
+    std::unique_ptr<CFakeController> owner{new CFakeController(journal)};
+    CInspectorController* controller = owner.get(); ///< null only when its destructor is through
+    std::vector<sItem*> items;
+    std::vector<CFakeElement*> elements;
+};
+
+typedef std::map<std::string, std::function<void(CItems&)>> tActions;
+
+const tActions& Actions()
+{
+    static const tActions actions = {
+        {"nothing", [](CItems&) {}},
+        {"remove a", [](CItems& io) { io.Remove(0); }},
+        {"remove b", [](CItems& io) { io.Remove(1); }},
+        {"remove c", [](CItems& io) { io.Remove(2); }},
+        {"clear", [](CItems& io) { io.controller->ClearAllData(); }},
+        {"add x", [](CItems& io) { io.view ? io.Add("x") : void(); }},
+        {"add b again", &CItems::AddAgain},
+        {"queue for a", [](CItems& io) { io.Queue(0, "5"); }},
+        {"queue for b", [](CItems& io) { io.Queue(1, "5"); }},
+        {"queue for c", [](CItems& io) { io.Queue(2, "5"); }},
+        {"queue for all", [](CItems& io) { io.QueueForAll("5"); }},
+        {"queue and handle", &CItems::QueueAndHandle},
+        {"handle", &CItems::Handle},
+        {"connect", [](CItems& io) { io.controller->ConnectDataElements(); }},
+        {"lay out", &CItems::LayOut},
+        {"scroll", &CItems::Scroll},
+        {"move focus", &CItems::MoveFocus},
+        {"delete view", [](CItems& io) { io.view.reset(); }},
+        {"delete widget b", &CItems::DeleteWidget},
+        {"delete controller", &CItems::DeleteController},
+    };
+    return actions;
+}
+} // namespace
+
+TEST(Controller, CallbacksThatChangeThePage)
+{
+    const std::string strAll = "-a ~d ~a ~w -b ~d ~b ~w -c ~d ~c ~w";
+    // action, where (handling or destroying which notice, connecting b), what happens from then on
+    const std::vector<std::vector<std::string>> cases = {
+        {"nothing", "2", "~2 3@b ~3 4@c ~4"},
+        {"remove b", "2", "-b ~3 ~d ~b ~w ~2 4@c ~4"},
+        {"remove c", "2", "-c ~4 ~d ~c ~w ~2 3@b ~3"},
+        {"clear", "2", "~3 ~4 " + strAll + " ~2"},
+        {"queue for a", "2", "~2 3@b ~3 4@c ~4 ~5"},
+        {"queue for b", "2", "~2 3@b ~3 5@b ~5 4@c ~4"},
+        {"queue for c", "2", "~2 3@b ~3 4@c ~4 5@c ~5"},
+        {"queue for all", "2", "~2 3@b ~3 4@c ~4 controller1 ~5"},
+        {"handle", "2", "~2 3@b ~3 4@c ~4"},
+        {"delete view", "2", "~2 3@b ~3 4@c ~4"},
+        {"delete controller", "2", "~3 ~4 " + strAll + " ~2"},
+        {"queue for a", "null", "2@b ~2 3@b ~3 4@c ~4 ~5"},
+        {"clear", "controller", "~2 ~3 ~4 " + strAll + " ~0"},
+        {"queue for all", "controller", "~0 ~5 null@a 2@b ~2 3@b ~3 4@c ~4"},
+        {"handle", "controller", "~0 null@a 2@b ~2 3@b ~3 4@c ~4"},
+        {"delete controller", "controller", "~2 ~3 ~4 " + strAll + " ~0"},
+        {"clear", "~0", "~2 ~3 ~4 " + strAll},
+        {"nothing", "connect", "init +c init"},
+        {"remove a", "connect", "-a ~d ~a ~w init +c init"},
+        {"remove b", "connect", "-b ~2 ~3 ~d ~b ~w +c init"},
+        {"add x", "connect", "parent show init +c init +x init"},
+        {"add b again", "connect", "-b ~2 ~3 ~d ~b ~w +c init"},
+        {"clear", "connect", "~2 ~3 ~4 " + strAll + " ~0"},
+    };
+    for (const std::vector<std::string>& row : cases)
+    {
+        SCOPED_TRACE(row[0] + " on " + row[1]);
+        CItems page;
+        page.QueueForAll("0");
+        page.Queue(0, nullptr);
+        page.Queue(0, nullptr);
+        page.Queue(1, nullptr);
+        page.Queue(1, "2");
+        page.Queue(1, nullptr);
+        page.Queue(1, "3");
+        page.Queue(2, "4");
+        const tAction action = [&page, &row] {
+            page.journal.Take();
+            Actions().at(row[0])(page);
+        };
+        page.elements[1]->m_onConnect = action;
+        page.owner->m_onHandle[row[1]] = action;
+        page.NoticeForAll().m_onDestroy = row[1] == "~0" ? action : nullptr;
+        row[1] == "connect" ? page.controller->ConnectDataElements() : page.view->OnPreDraw();
+        row[1] == "connect" ? void() : page.Handle();
+        EXPECT_EQ(row[2], page.journal.strLog);
+    }
+}
+
+// Whatever is called back from wherever, each object dies once, no notice of a dead item is handled, and what is left
+// over lays out, refreshes and takes the focus.
+TEST(Controller, EveryCallbackFromEverywhere)
+{
+    const std::vector<std::function<tAction&(CItems&)>> hooks = {
+        [](CItems& io) -> tAction& { return io.elements[1]->m_onDisconnect; },
+        [](CItems& io) -> tAction& { return io.elements[1]->m_onConnect; },
+        [](CItems& io) -> tAction& { return io.elements[1]->m_onDestroy; },
+        [](CItems& io) -> tAction& { return io.Widget().m_onMove; },
+        [](CItems& io) -> tAction& { return io.Widget().m_onDestroy; },
+        [](CItems& io) -> tAction& { return io.Data().m_onDestroy; },
+        [](CItems& io) -> tAction& { return io.Notice().m_onDestroy; },
+        [](CItems& io) -> tAction& { return io.view->m_onReveal; },
+    };
+    const std::vector<std::string> ways = {"remove b", "add b again", "delete widget b",   "delete view",
+                                           "clear",    "connect",     "delete controller", "handle",
+                                           "lay out",  "scroll",      "move focus"};
+    const std::vector<std::string> actions = {
+        "remove b",      "remove c",         "clear",   "add x",       "queue for a",      "queue for b",
+        "queue for all", "queue and handle", "connect", "delete view", "delete controller"};
+    for (std::size_t u = 0; u < hooks.size() * ways.size() * actions.size(); ++u)
+    {
+        const std::string& strWay = ways[u / hooks.size() % ways.size()];
+        const std::string& strAction = actions[u / hooks.size() / ways.size()];
+        SCOPED_TRACE(strAction + " from hook " + std::to_string(u % hooks.size()) + " in " + strWay);
+        CItems page;
+        page.Queue(1, "0");
+        page.view->m_bCheck = false;
+        page.elements[1]->m_onDisconnect = [&page] { page.controller->ConnectDataElements(); };
+        int iTimes = 2;
+        hooks[u % hooks.size()](page) = [&page, &strAction, &iTimes] {
+            iTimes-- > 0 ? Actions().at(strAction)(page) : void();
+        };
+        Actions().at(strWay)(page);
+        page.LayOut();
+        page.Refresh();
+        page.MoveFocus();
+        page.Handle();
+        page.view.reset();
+        page.DeleteController();
+        EXPECT_EQ(0, page.journal.iLive) << page.journal.strLog;
+    }
+}
+
+TEST(Controller, WiresTheView)
+{
+    CItems page;
+    const int iUpdates = page.view->m_iUpdates;
+    page.Queue(0, nullptr);
+    page.QueueForAll("1");
+    EXPECT_EQ(iUpdates + 2, page.view->m_iUpdates);
+    page.controller->SetPreviewMode(true);
+    EXPECT_TRUE(page.view->m_bPreviewMode && page.controller->IsPreviewMode());
+    delete page.elements[1];
+    delete page.items[2]->widget;
+    EXPECT_TRUE(!page.items[1]->element && !page.items[2]->widget);
+    page.Refresh();
+    page.controller->ClearAllData();
+    EXPECT_TRUE(page.view->m_root.empty());
+    CFakeView other(page.journal);
+    page.owner->m_pView = &other;
+    page.view.reset();
+    EXPECT_EQ(&other, page.owner->m_pView);
+    other.m_pController = page.controller;
+    other.OnPreDraw();
+    page.owner->m_pView = nullptr; // it does not point back now
+    page.DeleteController();
+    EXPECT_EQ(nullptr, other.m_pController);
+}
