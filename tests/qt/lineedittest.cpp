@@ -1,0 +1,190 @@
+#include "workedpage.h"
+
+using TestSupport::Latin;
+
+namespace
+{
+class CLinePage : public CWorkedPage
+{
+public:
+    /// \param in_strRows L a line, R a read-only one, B a bool, (...) a single-line container; M: a modal window
+    CLinePage(const QString& in_strRows, QWidget* in_pOther) : CWorkedPage(in_pOther)
+    {
+        for (const QChar row : in_strRows)
+        {
+            AddRow(row.toLatin1());
+        }
+        const QKeySequence keys[] = {Qt::Key_Escape, Qt::Key_Return,  Qt::Key_Enter,
+                                     Qt::Key_Tab,    Qt::Key_Backtab, Qt::SHIFT | Qt::Key_Backtab};
+        for (const QKeySequence& key : keys)
+        {
+            new QShortcut(key, &m_window, nullptr, nullptr, Qt::ApplicationShortcut);
+        }
+        m_acts["set"] = [this](int in_iRow) { m_lines[in_iRow]->SetText("m"); };
+        m_acts["into"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9)); };
+        m_acts["wheel"] = [this](int in_iRow) { TurnWheel(OnScreen(in_iRow)); };
+    }
+
+    static CInPlaceEdit* Editor() { return CQTSimpleDataWidget::g_pInPlace; }
+
+    /// "@name=text" of the row that the editor lies over, ready for keys.
+    QString Editing() const override
+    {
+        const CInPlaceEdit* pEdit = Editor();
+        if (!pEdit || pEdit->isHidden())
+        {
+            return QString();
+        }
+        for (int iRow = 0; iRow < m_iRows && IsReady(pEdit); ++iRow)
+        {
+            if (RowRect(iRow) == pEdit->geometry())
+            {
+                return Latin("@" + std::to_string(iRow) + "=") + pEdit->text();
+            }
+        }
+        return QLatin1String("@astray");
+    }
+
+    std::map<int, CTestElement<CSimpleDataElement>*> m_lines;
+
+private:
+    /// What is to be aimed at: the X server finds the editor over a row by itself.
+    QWidget* OnScreen(int in_iRow) const { return IsReal() ? WidgetAt<QWidget>(in_iRow) : Editor(); }
+
+    void AddRow(char in_cRow)
+    {
+        const std::string strName = std::to_string(m_iRows);
+        switch (in_cRow)
+        {
+        case 'M':
+            m_window.setWindowModality(Qt::ApplicationModal);
+            return;
+        case '(':
+            m_pContainer = m_pView->AddSingleLineContainer("", nullptr, nullptr);
+            return;
+        case ')':
+            m_pContainer = nullptr;
+            return;
+        case 'B':
+            Add<CQTSimpleBoolWidget, CBoolDataElement>(strName.c_str());
+            break;
+        default:
+            m_lines[m_iRows] = Add<CQTSimpleDataWidget, CSimpleDataElement>(strName.c_str(), m_pContainer);
+            m_lines[m_iRows]->SetText("v");
+            m_lines[m_iRows]->SetReadOnly(in_cRow == 'R');
+        }
+        ++m_iRows;
+    }
+
+    CInspectorView::sInspectorElement* m_pContainer = nullptr;
+};
+} // namespace
+
+class LineEditTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void Editing_data();
+    void Editing();
+    void UnchangedTextStays();
+    void LastWindowClosed();
+
+private:
+    QWidget m_other;
+};
+
+void LineEditTest::initTestCase()
+{
+    TestSupport::FailOnWarnings();
+    m_other.setGeometry(600, 100, 150, 80);
+    QVERIFY(TestSupport::ShowWindow(&m_other));
+}
+
+void LineEditTest::Editing_data()
+{
+    const sCase cases[] = {
+        {"Return", "LL", "click0 x Return", "0=x 0:1"},
+        {"keypad's Enter", "LL", "click0 x KP_Enter", "0=x 0:1"},
+        {"Escape", "LL", "click0 x Escape", "0:0"},
+        {"Tab, from the last to the first", "LL", "click0 x Tab y Tab z Return", "0=x 0:2 1=y 1:2 0=z 0:1"},
+        {"Shift+Tab and Backtab", "LLL", "click0 shift+Tab x ISO_Left_Tab", "0:3 2=x 2:3 @1=v"},
+        {"Tab with one row", "L", "click0 x Tab Tab", "0=x 0:2 0:2 @0=x"},
+        {"Tab through a container", "L(LL)L", "click0 Tab Tab Tab shift+Tab", "0:2 1:2 2:2 3:3 @2=v"},
+        {"Tab onto a bool", "LBL", "click0 x Tab", "0=x 0:2"},
+        {"Tab onto a read-only row", "LR", "click0 Tab x Return", "0:2 1:1"},
+        {"Tab onto a row out of sight", "LLLLLLLLLLLL", "click0 shift+Tab x Tab", "0:3 11=x 11:2 @0=v"},
+        {"over a modal window", "MLL", "click0 x Tab y blank click0 into0 z Return", "0=x 0:2 1=y 1:4 0=xz 0:1"},
+        {"no press on a read-only row, no other button", "RL", "click0 right1", ""},
+
+        {"click into the editor", "LL", "click1 x into1 y Return", "1=xy 1:1"},
+        {"click another row after a Tab", "LLL", "click0 Tab x click0", "0:2 1=x 1:4 @0=v"},
+        {"click beside the rows", "LL", "click0 x blank", "0=x 0:4"},
+        {"click another window", "LL", "click0 x other", "0=x 0:4"},
+
+        {"follows the wheel", "LLLLLLLLLLLL", "click6 x wheel6 y", "@6=xy"},
+        {"scrolled out of sight", "LLLLLLLLLLLL", "click0 x scroll", "0=x 0:4"},
+        {"content hidden", "LL", "click0 x hide", "0=x 0:4"},
+        {"page left", "LL", "click0 x leave", "0=x 0:4"},
+        {"window closed", "LL", "click0 x close", "0=x 0:4"},
+        {"follows a layout and the window", "LL", "click0 x narrow move y", "@0=xy"},
+
+        {"follows the element", "LL", "click0 set0", "@0=m"},
+        {"typed text is kept", "LL", "click0 x set0 Return", "0=x 0:1"},
+        {"Escape brings back the element's value", "LL", "click0 x set0 Escape", "0:0"},
+        {"row removed", "LL", "click0 x remove0", "0-"},
+        {"last row removed in the report", "LL", "when:clear click0 x Tab", "0=x 0- 1-"},
+        {"view deleted in the report", "LL", "when:delete click0 x Tab", "0=x"},
+    };
+    const sCase atDesktop[] = {
+        {"drag the title bar", "LL", "click0 x drag", "0=x 0:4"},
+        {"another application", "LL", "click0 x visit", "0=x 0:4"},
+    };
+    // The cause is then that of the edit before, a lost focus when there was none.
+    const sCase withoutActivation[] = {
+        {"press another row at first", "LL", "press0 press1", "0:4 @1=v"},
+        {"press another row after a Tab", "LLL", "click0 Tab x press0 y Return", "0:2 1=x 1:2 0=y 0:1"},
+    };
+    AddCases(cases, withoutActivation, atDesktop);
+}
+
+void LineEditTest::Editing()
+{
+    RunCase<CLinePage>(&m_other);
+}
+
+void LineEditTest::UnchangedTextStays()
+{
+    const std::string texts[] = {std::string(40000, 'x'), "two\nlines\ttab", "\x80\xe9\xff",
+                                 std::string("nul\0nul", 7)};
+    CLinePage page(QLatin1String("L"), &m_other);
+    QVERIFY(page.Open());
+    CTestElement<CSimpleDataElement>* pLine = page.m_lines[0];
+    for (const std::string& strText : texts)
+    {
+        pLine->SetText(strText);
+        page.Run(QLatin1String("click0 Return click0 Escape"));
+        QCOMPARE(page.m_log.Take(), QLatin1String("0:1 0:0"));
+        QVERIFY(ValueOf(*pLine) == strText);
+    }
+}
+
+void LineEditTest::LastWindowClosed()
+{
+    m_other.hide();
+    CLinePage page(QLatin1String("LL"), &m_other);
+    QVERIFY(page.Open());
+    page.Run(QLatin1String("click0 x"));
+    QTimer::singleShot(0, &page.m_window, SLOT(close()));
+    QTimer giveUp;
+    giveUp.setSingleShot(true);
+    connect(&giveUp, SIGNAL(timeout()), qApp, SLOT(quit()));
+    giveUp.start(5000);
+    QApplication::exec();
+    QVERIFY(giveUp.isActive());
+}
+
+INSPECTOR_TEST_MAIN(LineEditTest)
+
+#include "lineedittest.moc"

@@ -1,0 +1,275 @@
+#include "workedpage.h"
+
+using TestSupport::Latin;
+
+typedef CEnumDataElement::sEnumDefinition sDefinition;
+
+namespace
+{
+class CListPage : public CWorkedPage
+{
+public:
+    /// \param in_strRows E an enumeration at its second choice, R a read-only one, U one with an unknown value, N one
+    /// without a definition; M: a modal window
+    CListPage(const QString& in_strRows, QWidget* in_pOther) : CWorkedPage(in_pOther)
+    {
+        for (const QChar row : in_strRows)
+        {
+            if (row == QLatin1Char('M'))
+            {
+                m_window.setWindowModality(Qt::ApplicationModal);
+                continue;
+            }
+            AddRow(row.toLatin1());
+        }
+        m_acts["row"] = [this](int in_iRow) { ClickInList(in_iRow); };
+        m_acts["box"] = [this](int) {
+            {
+                QDialog box;
+                QVERIFY(TestSupport::ShowWindow(&box) && Editor()->isHidden());
+            }
+            m_window.activateWindow(); // not every platform does that
+        };
+        m_acts["set"] = [this](int in_iRow) { m_lists[in_iRow]->SetText("1"); };
+    }
+
+    static CInPlaceList* Editor() { return CQTEnumDataWidget::g_pInPlaceList.get(); }
+
+    /// "@name=choice" of the row that the list is open for, ready for keys.
+    QString Editing() const override
+    {
+        const CInPlaceList* pList = Editor();
+        if (!pList || pList->isHidden())
+        {
+            return QString();
+        }
+        for (int iRow = 0; iRow < m_iRows && IsReady(pList); ++iRow)
+        {
+            if (RowRect(iRow).bottomLeft() + QPoint(0, 1) == pList->geometry().topLeft())
+            {
+                return Latin("@" + std::to_string(iRow) + "=") +
+                       (pList->currentItem() ? pList->currentItem()->text() : QString());
+            }
+        }
+        return QLatin1String("@astray");
+    }
+
+private:
+    void AddRow(char in_cRow)
+    {
+        CTestElement<CEnumDataElement>* pList =
+            Add<CQTEnumDataWidget, CEnumDataElement>(std::to_string(m_iRows).c_str());
+        if (in_cRow != 'N')
+        {
+            pList->CreateEnum();
+        }
+        pList->AddEnum("1", "One");
+        pList->AddEnum("2", "Two");
+        pList->AddEnum("3", "Three");
+        pList->SetText(in_cRow == 'U' ? "4" : "2");
+        pList->SetReadOnly(in_cRow == 'R');
+        m_lists[m_iRows++] = pList;
+    }
+
+    void ClickInList(int in_iRow)
+    {
+        QListWidget* pList = Editor();
+        Click(pList->viewport(), pList->visualItemRect(pList->item(in_iRow)).center());
+    }
+
+    std::map<int, CTestElement<CEnumDataElement>*> m_lists;
+};
+} // namespace
+
+class ListTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void Choices_data();
+    void Choices();
+    void LentDefinition();
+    void Geometry_data();
+    void Geometry();
+    void Editing_data();
+    void Editing();
+
+private:
+    QWidget m_other;
+};
+
+void ListTest::initTestCase()
+{
+    TestSupport::FailOnWarnings();
+    m_other.setGeometry(600, 100, 150, 80);
+    QVERIFY(TestSupport::ShowWindow(&m_other));
+}
+
+void ListTest::Choices_data()
+{
+    QTest::addColumn<QString>("added"); ///< value=display, or "clear"
+    QTest::addColumn<int>("method");
+    QTest::addColumn<QString>("choices"); ///< value=display=what the look-up gives
+    QTest::newRow("by value, byte by byte") << "b=1 B=2 10=3 a=4 9=5" << 0 << "10=3=3 9=5=5 B=2=2 a=4=4 b=1=1";
+    QTest::newRow("by display, byte by byte")
+        << "1=b 2=B 3=\xC3\xA9 4=a" << 1 << "2=B=B 4=a=a 1=b=b 3=\xC3\xA9=\xC3\xA9";
+    QTest::newRow("as added, doubles too") << "b=1 a=2 b=3" << 2 << "b=1=3 a=2=2 b=3=3";
+    QTest::newRow("by number, 0 without one") << "10=1 9=2 x=3 -1=4" << 3 << "-1=4=4 x=3=3 9=2=2 10=1=1";
+    QTest::newRow("by number, cut to 32 bits")
+        << "2=1 4294967297=2 2147483648=3" << 3 << "2147483648=3=3 4294967297=2=2 2=1=1";
+    QTest::newRow("another method: as added") << "b=1 a=2" << 7 << "b=1=1 a=2=2";
+    QTest::newRow("cleared: offered, but not found") << "b=1 clear a=2" << 2 << "b=1= a=2=2";
+    QTest::newRow("none") << "" << 0 << "";
+}
+
+void ListTest::Choices()
+{
+    QFETCH(QString, added);
+    QFETCH(int, method);
+    QFETCH(QString, choices);
+    sDefinition definition;
+    const QStringList words = added.split(QLatin1Char(' '));
+    for (const QString& strWord : words)
+    {
+        const QStringList texts = strWord.split(QLatin1Char('='));
+        if (texts.size() == 2)
+        {
+            definition.AddItem(texts[0].toUtf8().constData(), texts[1].toUtf8().constData());
+        }
+        else
+        {
+            definition.Clear();
+        }
+    }
+    std::vector<sDefinition::sEnumItem> items(3);
+    definition.GetAllItems(CEnumDataElement::eSortingMethod(method), items);
+    QStringList found;
+    for (const sDefinition::sEnumItem& item : items)
+    {
+        const std::string strWord = item.value + "=" + item.display + "=" + definition.GetDisplayFromValue(item.value);
+        found << QString::fromUtf8(strWord.c_str());
+    }
+    QCOMPARE(found.join(QLatin1String(" ")), choices);
+}
+
+void ListTest::LentDefinition()
+{
+    const auto display = [](CEnumDataElement& in_element) {
+        std::string strDisplay = "stale";
+        in_element.GetDisplayString("1", strDisplay);
+        return strDisplay;
+    };
+    sDefinition lent;
+    CEnumDataElement first;
+    {
+        CEnumDataElement second;
+        first.AddEnum("1", "Lost");
+        QVERIFY(display(first).empty());
+        first.CreateEnum();
+        first.SetExternalEnum(&lent);
+        second.SetExternalEnum(&lent);
+        second.AddEnum("1", "One");
+        QVERIFY(display(first) == "One");
+        second.CreateEnum();
+        QVERIFY(display(second).empty() && display(first) == "One");
+        second.SetExternalEnum(&lent);
+    }
+    QVERIFY(display(first) == "One");
+    first.ClearEnum();
+    QVERIFY(lent.GetDisplayFromValue("1").empty());
+    first.SetExternalEnum(nullptr);
+    QVERIFY(display(first).empty());
+}
+
+void ListTest::Geometry_data()
+{
+    QTest::addColumn<QRect>("widget"); ///< a negative place counts from the desktop's right or lower edge
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("rowHeight");
+    QTest::addColumn<QRect>("list");
+    QTest::newRow("rows lower than the widget") << QRect(50, 50, 120, 20) << 1 << 12 << QRect(50, 70, 120, 20);
+    QTest::newRow("rows as high as the widget") << QRect(50, 50, 120, 20) << 2 << 10 << QRect(50, 70, 120, 20);
+    QTest::newRow("rows higher than the widget") << QRect(50, 50, 120, 20) << 3 << 7 << QRect(50, 70, 120, 27);
+    QTest::newRow("at most 15 rows") << QRect(50, 50, 120, 20) << 40 << 16 << QRect(50, 70, 120, 246);
+    QTest::newRow("at least 100 wide") << QRect(50, 50, 60, 20) << 3 << 16 << QRect(50, 70, 100, 54);
+    QTest::newRow("just on the desktop") << QRect(-119, -73, 120, 20) << 3 << 16 << QRect(-119, -53, 120, 54);
+    QTest::newRow("below the desktop") << QRect(50, -50, 120, 20) << 3 << 16 << QRect(50, -53, 120, 54);
+    QTest::newRow("right of the desktop") << QRect(-50, 50, 60, 20) << 3 << 16 << QRect(-99, 70, 100, 54);
+}
+
+void ListTest::Geometry()
+{
+    QFETCH(QRect, widget);
+    QFETCH(int, rows);
+    QFETCH(int, rowHeight);
+    QFETCH(QRect, list);
+    const QRect desktop = TestSupport::DesktopRect();
+    const auto onDesktop = [&desktop](const QRect& in_rect) {
+        return in_rect.translated(in_rect.x() < 0 ? desktop.width() : 0, in_rect.y() < 0 ? desktop.height() : 0);
+    };
+    CInPlaceList shown;
+    shown.AddItem(nullptr, "no value");
+    shown.AddItem("no display", nullptr);
+    for (int iRow = 0; iRow < rows; ++iRow)
+    {
+        shown.AddItem("2", "Two");
+        shown.item(iRow)->setSizeHint(QSize(10, rowHeight));
+    }
+    shown.InPlaceEdit(&m_other, "2", onDesktop(widget).translated(-m_other.mapToGlobal(QPoint())));
+    QCOMPARE(shown.count(), rows);
+    QCOMPARE(shown.currentRow(), 0);
+    QCOMPARE(shown.geometry(), onDesktop(list));
+}
+
+void ListTest::Editing_data()
+{
+    const sCase cases[] = {
+        {"opens on the value", "EE", "click1", "@1=Two"},
+        {"opens without the value", "U", "click0", "@0="},
+        {"pick", "EE", "click0 row2", "0=3 0:4"},
+        {"pick the same, then another", "EE", "click0 row1 click0 row0", "0:4 0=1 0:4"},
+        {"read-only", "R", "click0 row2 click0 Escape", "0:4 0:0"},
+        {"no definition, no other button", "NE", "click0 right1 middle1", ""},
+        {"Escape, Down", "E", "click0 Escape click0 Down", "0:0 0:4"},
+        {"Return, Tab, a letter", "EE", "click0 Return click0 Tab click0 x", "0:4 0:4 0:4"},
+        {"over a modal window", "ME", "click0 row2 click0 Escape click0 blank", "0=3 0:4 0:0 0:4"},
+
+        {"click beside the rows", "E", "click0 blank click0", "0:4 @0=Two"},
+        {"click another window", "E", "click0 other", "0:4"},
+        {"click another row", "EEEEE", "click0 click4", "0:4 @4=Two"},
+        {"click the row itself", "E", "click0 click0", "0:4 @0=Two"},
+        {"the element changed meanwhile", "EE", "click0 set0 Escape click1 set1 blank", "0:0 1:4"},
+
+        {"scrolled out of sight", "EEEEEEEEEEEE", "click0 scroll", "0:4"},
+        {"content hidden", "E", "click0 hide", "0:4"},
+        {"page left", "E", "click0 leave", "0:4"},
+        {"window closed", "E", "click0 close", "0:4"},
+        {"window moved", "E", "click0 move", "0:4"},
+        {"follows a layout", "E", "click0 narrow", "@0=Two"},
+
+        {"page torn down", "EE", "click1 clear", "0- 1:4 1-"},
+        {"view deleted", "EE", "click1 delete", "1:4"},
+        {"page torn down in the report", "EE", "when:clear click1 row2", "1=3 0- 1-"},
+        {"picked row removed in the report", "EE", "when:remove1 click1 row2", "1=3 1-"},
+        {"other row removed in the report", "EE", "when:remove0 click1 row2", "1=3 0- 1:4"},
+        {"view deleted in the report", "EE", "when:delete click1 row2", "1=3"},
+        {"message box in the report", "E", "when:box click0 row2", "0=3 0:4"},
+        {"opened again in the report", "EEEEE", "when:click4 click0 row2", "0=3 0:4 @4=Two"},
+    };
+    const sCase atDesktop[] = {
+        {"drag the title bar", "E", "click0 drag", "0:4"},
+        {"another application", "E", "click0 visit", "0:4"},
+    };
+    const sCase withoutActivation[] = {{"press another row", "EE", "click0 press1", "0:4 @1=Two"}};
+    AddCases(cases, withoutActivation, atDesktop);
+}
+
+void ListTest::Editing()
+{
+    RunCase<CListPage>(&m_other);
+}
+
+INSPECTOR_TEST_MAIN(ListTest)
+
+#include "listtest.moc"

@@ -1,0 +1,305 @@
+#ifndef WORKEDPAGE_H
+#define WORKEDPAGE_H
+
+#include "testsupport.h"
+
+#include <map>
+#include <sstream>
+
+/// A page, what is done on it, and what comes of that: values, causes, and what is being edited then.
+struct sCase
+{
+    const char* m_strName;
+    const char* m_strRows;
+    const char* m_strScript;
+    const char* m_strOutcome;
+};
+
+/// Counts the events that reach the application, by type; presses of the Shift key itself aside.
+class CEventCounter : public QObject
+{
+public:
+    CEventCounter() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* in_pEvent) override
+    {
+        const QEvent::Type eType = in_pEvent->type();
+        const bool bShift = eType == QEvent::KeyPress && static_cast<QKeyEvent*>(in_pEvent)->key() == Qt::Key_Shift;
+        m_counts[eType] += bShift ? 0 : 1;
+        return false;
+    }
+
+    std::map<QEvent::Type, int> m_counts;
+};
+
+/// A page whose rows are named by their numbers, and a person who works it. On X11 the input goes through the X server,
+/// so that the window manager and the activation of windows take part; elsewhere it is sent as events. Each act waits
+/// until its input has arrived and the windows have come to rest.
+class CWorkedPage : private CEventCounter, public CTestPage
+{
+public:
+    explicit CWorkedPage(QWidget* in_pOther) : m_pOther(in_pOther)
+    {
+        m_window.move(100, 100);
+        AddInput();
+        AddChanges();
+    }
+
+    /// Whether there is an X server, and so windows of others.
+    static bool IsReal()
+    {
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+        return QGuiApplication::platformName() == QLatin1String("xcb");
+#else
+        return true;
+#endif
+    }
+
+    /// What the application was told, and what is being edited now.
+    QString State() const
+    {
+        return (m_log.Text() + QLatin1Char(' ') + Editing()).trimmed();
+    }
+
+    /// The row that the shared editor is open for, empty for none.
+    virtual QString Editing() const = 0;
+
+    /// Acts word by word: the name of an act and a row's number, or else a key as the X server names it. "when:word" is
+    /// put off until the application is told of a changed value.
+    void Run(const QString& in_strScript)
+    {
+        std::istringstream script(in_strScript.toLatin1().constData());
+        for (std::string strWord; script >> strWord;)
+        {
+            if (strWord.compare(0, 5, "when:") != 0)
+            {
+                Act(strWord);
+                continue;
+            }
+            m_log.m_hooks[eInternalValueChanged] = [=] { Act(strWord.substr(5)); };
+        }
+    }
+
+protected:
+    void Key(const std::string& in_strKey)
+    {
+        static const std::map<std::string, int> keys = {{"Escape", Qt::Key_Escape},
+                                                        {"Return", Qt::Key_Return},
+                                                        {"KP_Enter", Qt::Key_Enter},
+                                                        {"Tab", Qt::Key_Tab},
+                                                        {"shift+Tab", Qt::Key_Tab},
+                                                        {"ISO_Left_Tab", Qt::Key_Backtab},
+                                                        {"Down", Qt::Key_Down},
+                                                        {"x", Qt::Key_X},
+                                                        {"y", Qt::Key_Y},
+                                                        {"z", Qt::Key_Z}};
+        const int iBefore = m_counts[QEvent::KeyPress];
+        if (IsReal())
+        {
+            Drive("key " + in_strKey);
+        }
+        else
+        {
+            const bool bShift = in_strKey == "shift+Tab";
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key(keys.at(in_strKey)),
+                            bShift ? Qt::ShiftModifier : Qt::NoModifier);
+        }
+        Rest(QEvent::KeyPress, iBefore, in_strKey);
+    }
+
+    /// Without a window manager the window is activated as one would do it.
+    void Click(QWidget* in_pWidget, const QPoint& in_position, Qt::MouseButton in_eButton = Qt::LeftButton)
+    {
+        const int iBefore = m_counts[QEvent::MouseButtonRelease];
+        if (IsReal())
+        {
+            const char* strButton = in_eButton == Qt::LeftButton ? "1" : in_eButton == Qt::RightButton ? "3" : "2";
+            DriveIn(in_pWidget, in_position, strButton);
+        }
+        else
+        {
+            in_pWidget->window()->activateWindow();
+            QCoreApplication::processEvents();
+            TestSupport::ClickThroughWindow(in_pWidget, in_eButton, in_position);
+        }
+        Rest(QEvent::MouseButtonRelease, iBefore, "a click");
+    }
+
+    void TurnWheel(QWidget* in_pWidget)
+    {
+        const int iBefore = m_counts[QEvent::Wheel];
+        if (IsReal())
+        {
+            DriveIn(in_pWidget, in_pWidget->rect().center(), "5");
+        }
+        else
+        {
+            TestSupport::TurnWheel(in_pWidget);
+        }
+        Rest(QEvent::Wheel, iBefore, "the wheel");
+    }
+
+    /// The row's rectangle on the screen, empty when it cannot be seen.
+    QRect RowRect(int in_iRow) const
+    {
+        const QWidget* pRow = WidgetAt<QWidget>(in_iRow);
+        return pRow->isVisible() ? QRect(pRow->mapToGlobal(QPoint()), pRow->size()) : QRect();
+    }
+
+    /// Whether an editor is on top where it believes to be, and would get keys.
+    static bool IsReady(const QWidget* in_pEditor)
+    {
+        return QApplication::activeWindow() == in_pEditor && QApplication::focusWidget() == in_pEditor &&
+               QApplication::topLevelAt(in_pEditor->geometry().center()) == in_pEditor;
+    }
+
+    std::map<std::string, std::function<void(int)>> m_acts;
+    int m_iRows = 0;
+
+private:
+    void AddInput()
+    {
+        const auto onRow = [=](Qt::MouseButton in_eButton) {
+            return [=](int in_iRow) { Click(WidgetAt<QWidget>(in_iRow), QPoint(9, 9), in_eButton); };
+        };
+        m_acts["click"] = onRow(Qt::LeftButton);
+        m_acts["right"] = onRow(Qt::RightButton);
+        m_acts["middle"] = onRow(Qt::MiddleButton);
+        m_acts["press"] = [=](int in_iRow) { // and no window manager activates the window
+            TestSupport::ClickThroughWindow(WidgetAt<QWidget>(in_iRow), Qt::LeftButton, QPoint(9, 9));
+        };
+        m_acts["blank"] = [=](int) { Click(&m_window, QPoint(330, 230)); };
+        m_acts["other"] = [=](int) { Click(m_pOther, QPoint(9, 9)); };
+        m_acts["visit"] = [=](int) { VisitOtherApplication(); };
+        m_acts["drag"] = [=](int) { DragWindow(); };
+    }
+
+    void AddChanges()
+    {
+        m_acts["scroll"] = [=](int) { m_pView->m_pScrollBar->setValue(m_pView->m_pScrollBar->maximum()); };
+        m_acts["hide"] = [=](int) { m_pView->ShowContent(false, false); };
+        m_acts["leave"] = [=](int) { m_pView->hide(); };
+        m_acts["narrow"] = [=](int) { m_pView->ResizeInspector(250, 200); };
+        m_acts["move"] = [=](int) { m_window.move(170, 190); };
+        m_acts["close"] = [=](int) { m_window.close(); };
+        m_acts["remove"] = [=](int in_iRow) {
+            m_pController->RemoveItem((*std::next(m_pController->m_items.begin(), in_iRow))->element);
+        };
+        m_acts["clear"] = [=](int) { m_pController->ClearAllData(); };
+        m_acts["delete"] = [=](int) { delete m_pView; };
+    }
+
+    void Act(const std::string& in_strWord)
+    {
+        const std::size_t uDigits = in_strWord.find_first_of("0123456789");
+        const auto it = m_acts.find(in_strWord.substr(0, uDigits));
+        if (it == m_acts.end())
+        {
+            Key(in_strWord);
+        }
+        else
+        {
+            it->second(uDigits == std::string::npos ? 0 : std::stoi(in_strWord.substr(uDigits)));
+        }
+    }
+
+    static void Drive(const std::string& in_strCommand)
+    {
+        const QStringList arguments = TestSupport::Latin(in_strCommand).split(QLatin1Char(' '));
+        if (QProcess::execute(QLatin1String("xdotool"), arguments) != 0)
+        {
+            QTest::qFail("xdotool does not work", __FILE__, __LINE__);
+        }
+    }
+
+    /// A window manager takes its frame off the screen only some time after the window, so this waits for a window of
+    /// ours to be on top.
+    static void DriveIn(const QWidget* in_pWidget, const QPoint& in_position, const std::string& in_strButton)
+    {
+        const QPoint position = in_pWidget->mapToGlobal(in_position);
+        TestSupport::WaitUntil([&] { return QApplication::topLevelAt(position); });
+        Drive("mousemove " + std::to_string(position.x()) + " " + std::to_string(position.y()) + " click " +
+              in_strButton);
+    }
+
+    void DragWindow()
+    {
+        const QPoint before = m_window.pos();
+        TestSupport::WaitUntil([&] {
+            Drive("mousemove " + std::to_string(before.x() + 150) + " " + std::to_string(before.y() + 5) +
+                  " mousedown 1 mousemove_relative 20 20 mousemove_relative 20 20 mouseup 1");
+            return m_window.pos() != before;
+        });
+    }
+
+    /// Another application's window takes the focus, and goes away again.
+    static void VisitOtherApplication()
+    {
+        QProcess other;
+        other.start(QLatin1String("xev"), QStringList());
+        Drive("search --sync --onlyvisible --name Event.Tester windowactivate");
+        TestSupport::WaitUntil([] { return !QApplication::activeWindow(); });
+        other.kill();
+        other.waitForFinished();
+        TestSupport::WaitUntil([] { return QApplication::activeWindow(); });
+    }
+
+    /// Some window is active, and an open editor is the active one.
+    static bool IsAtRest()
+    {
+        const QWidget* pActive = QApplication::activeWindow();
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        return pActive && std::none_of(windows.begin(), windows.end(), [pActive](const QWidget* in_pWindow) {
+                   return in_pWindow != pActive && in_pWindow->isVisible() &&
+                          (in_pWindow->inherits("CInPlaceEdit") || in_pWindow->inherits("CInPlaceList"));
+               });
+    }
+
+    void Rest(QEvent::Type in_eType, int in_iBefore, const std::string& in_strAct)
+    {
+        if (!TestSupport::WaitUntil([=] { return m_counts[in_eType] > in_iBefore && IsAtRest(); }))
+        {
+            QTest::qFail((in_strAct + " did not arrive, or no window is active").c_str(), __FILE__, __LINE__);
+        }
+    }
+
+    QWidget* m_pOther;
+};
+
+/// The rows of a test function that calls RunCase. The second table is for where no X server is, the third for where
+/// there is one.
+template <std::size_t Count, std::size_t EventCount, std::size_t RealCount>
+void AddCases(const sCase (&in_cases)[Count], const sCase (&in_withEvents)[EventCount],
+              const sCase (&in_withServer)[RealCount])
+{
+    QTest::addColumn<QString>("rows");
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("outcome");
+    const auto add = [](const sCase& in_case) {
+        QTest::newRow(in_case.m_strName) << in_case.m_strRows << in_case.m_strScript << in_case.m_strOutcome;
+    };
+    std::for_each(std::begin(in_cases), std::end(in_cases), add);
+    CWorkedPage::IsReal() ? std::for_each(std::begin(in_withServer), std::end(in_withServer), add)
+                          : std::for_each(std::begin(in_withEvents), std::end(in_withEvents), add);
+}
+
+/// \tparam Page a CWorkedPage with a static function Editor: the shared editor, null when there is none
+template <class Page> void RunCase(QWidget* in_pOther)
+{
+    QFETCH(QString, rows);
+    QFETCH(QString, script);
+    QFETCH(QString, outcome);
+    QPointer<QWidget> pEditor;
+    {
+        Page page(rows, in_pOther);
+        QVERIFY(page.Open());
+        pEditor = Page::Editor();
+        page.Run(script);
+        TestSupport::WaitUntil([&] { return page.State() == outcome; });
+        QCOMPARE(page.State(), outcome);
+    }
+    QVERIFY(!Page::Editor());
+    QVERIFY(TestSupport::WaitUntil([&] { return !pEditor; }));
+}
+
+#endif
