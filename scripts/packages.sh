@@ -1,0 +1,22 @@
+#!/bin/bash
+# packages.sh [folder]: makes the Debian packages for Qt 6 and for Qt 5, and puts them into build/packages or the folder.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+target=$(realpath -m "${1:-build/packages}")
+
+scripts/setup.sh g++ cmake ninja-build dpkg-dev qt6-base-dev qtbase5-dev
+CXXFLAGS="$(dpkg-buildflags --get CXXFLAGS) $(dpkg-buildflags --get CPPFLAGS)"
+LDFLAGS=$(dpkg-buildflags --get LDFLAGS)
+export CXXFLAGS LDFLAGS
+umask 022
+
+for version in 6 5; do
+    build=build/package-qt$version
+    cmake -S . -B "$build" -G Ninja --log-level=WARNING \
+        -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DINSPECTOR_QT=$version -DINSPECTOR_SUFFIX=-qt$version \
+        -DINSPECTOR_BUILD_TESTS=OFF -DINSPECTOR_BUILD_EXAMPLES=OFF
+    cmake --build "$build"
+    (cd "$build" && cpack -B "$target" >/dev/null)
+done
+rm -rf "$target/_CPack_Packages"
+ls "$target"/*.deb

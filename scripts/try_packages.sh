@@ -1,0 +1,53 @@
+#!/bin/bash
+# try_packages.sh <folder with the packages> [folder for a new Debian system]
+# Installs the packages on a Debian system with nothing else on it, then builds and runs a program and every example
+# there. To be run as root; needs debootstrap. The system stays for a look at it if it has a folder of its own.
+set -euo pipefail
+project=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
+packages=$(realpath "$1")
+root=${2:-}
+if [[ ! $root ]]; then
+    root=$(mktemp -d)
+    trap 'rm -rf "$root"' EXIT
+fi
+
+inside() {
+    chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
+        XDG_RUNTIME_DIR=/run QT_QPA_PLATFORM=offscreen "$@"
+}
+
+[[ -e $root/etc/debian_version ]] || debootstrap --variant=minbase bookworm "$root"
+cp /etc/resolv.conf "$root/etc/"
+mkdir -p "$root/try"
+cp "$packages"/libinspector-qt[56]*.deb "$root/try/"
+cp -r "$project/examples" "$project/tests/package/consumer" "$root/try/"
+
+inside apt-get -q update
+# What the packages depend on is missing at first: dpkg says so, and apt brings just that.
+inside sh -c 'dpkg -i /try/*.deb || apt-get -q -y --no-install-recommends --fix-broken install'
+inside sh -c 'dpkg -i /try/*.deb && dpkg -l "libinspector*"'
+inside apt-get -q -y --no-install-recommends install g++ cmake ninja-build pkg-config
+
+for version in 6 5; do
+    inside bash -euc '
+        cd /try
+        name=inspector-qt$1
+        g++ consumer/main.cpp -o consumer-$name $(pkg-config --cflags --libs $name)
+        ./consumer-$name
+        echo "Built with pkg-config and run: $name"
+        cmake -G Ninja -S consumer -B build-$name -DINSPECTOR_PACKAGE=Inspector-qt$1 -DINSPECTOR_VERSION=0.1
+        cmake --build build-$name
+        build-$name/consumer
+        echo "Built with CMake and run: $name"
+        for list in examples/*/CMakeLists.txt; do
+            example=$(basename $(dirname $list))
+            cmake -G Ninja -S examples/$example -B build-$name/$example -DInspector_DIR=$(
+                dirname $(find /usr/lib -name Inspector-qt$1Config.cmake))
+            cmake --build build-$name/$example
+            program=$(find build-$name/$example -maxdepth 1 -type f -perm -u+x)
+            ldd $program | grep -q lib$name
+            timeout 2 $program && status=0 || status=$?
+            test $status = 124
+            echo "Built and run: $example with $name"
+        done' - "$version"
+done

@@ -1,0 +1,82 @@
+#!/bin/bash
+# package.sh install|cmake|pkgconfig|subproject|examples|symbols|readme
+# One step of testing the package, in the current directory. From the environment:
+# SOURCE, BUILD (folders of the project), QT, SUFFIX, VERSION (what was built), LIBRARY (its file), CXX.
+set -euo pipefail
+
+here=$SOURCE/tests/package
+stage=$PWD/stage
+export QT_QPA_PLATFORM=offscreen CMAKE_PREFIX_PATH=$stage${CMAKE_PREFIX_PATH:+:$CMAKE_PREFIX_PATH} CXX
+
+# configure_and_build <source folder> <build folder> [argument...]
+configure_and_build() {
+    cmake -G Ninja -S "$1" -B "$2" --log-level=WARNING "${@:3}" && cmake --build "$2"
+}
+
+install() {
+    rm -rf "$stage"
+    cmake --install "$BUILD" --prefix "$stage" >/dev/null
+    diff <(cd "$SOURCE/shared/src/base/inspector" && grep -l INSPECTOR_EXPORT ./*.h | sort) \
+        <(cd "$stage/include/inspector$SUFFIX" && ls ./*.h | sort)
+}
+
+with_cmake() {
+    configure_and_build "$here/consumer" consumer \
+        -DINSPECTOR_PACKAGE="Inspector$SUFFIX" -DINSPECTOR_VERSION="$VERSION"
+    consumer/consumer
+}
+
+with_pkgconfig() {
+    local folder
+    folder=$(dirname "$(find "$stage" -name "inspector$SUFFIX.pc")")
+    export PKG_CONFIG_PATH=$folder${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}
+    # Words are meant to be split: they are arguments.
+    # shellcheck disable=SC2046
+    "$CXX" "$here/consumer/main.cpp" -o pkgconfig_consumer $(pkg-config --cflags --libs "inspector$SUFFIX")
+    LD_LIBRARY_PATH=$(dirname "$folder") ./pkgconfig_consumer
+}
+
+# As a part of another project, and as a static library.
+as_subproject() {
+    configure_and_build "$here/consumer" subproject \
+        -DINSPECTOR_SOURCE="$SOURCE" -DINSPECTOR_QT="$QT" -DBUILD_SHARED_LIBS=OFF
+    subproject/consumer
+}
+
+# An example runs until it is stopped.
+examples() {
+    local list example program
+    for list in "$SOURCE"/examples/*/CMakeLists.txt; do
+        example=$(basename "$(dirname "$list")")
+        configure_and_build "$(dirname "$list")" "examples/$example"
+        program=$(find "examples/$example" -maxdepth 1 -type f -perm -u+x)
+        timeout 1 "$program" && status=0 || status=$?
+        ((status == 124)) || { echo "$program ended with $status" >&2; return 1; }
+    done
+}
+
+# The classes and namespaces that have a strong symbol. Weak ones come from templates and are the compiler's affair.
+symbols() {
+    diff "$here/symbols.txt" <(nm -DC --defined-only "$LIBRARY" |
+        sed -nE '/^[0-9a-f]+ [A-TX-Z] [^_]/{
+            s/^[0-9a-f]+ . //
+            s/^(non-virtual|virtual) thunk to //
+            s/^(vtable|VTT|typeinfo|typeinfo name) for (.*)/\2::/
+            s/\(.*//
+            s/::[^:]*$//
+            p
+        }' | sort -u)
+}
+
+# The program in README is an example, word for word.
+readme() {
+    diff "$SOURCE/examples/minimal/main.cpp" <(sed -n '/^```cpp$/,/^```$/{/^```/d;p}' "$SOURCE/README.md")
+    (($(wc -l <"$SOURCE/README.md") < 120))
+}
+
+case $1 in
+install | examples | symbols | readme) "$1" ;;
+cmake | pkgconfig) "with_$1" ;;
+subproject) as_subproject ;;
+*) exit 2 ;;
+esac
