@@ -139,6 +139,7 @@ void LineEditTest::Editing_data()
     };
     const sCase atDesktop[] = {
         {"drag the title bar", "LL", "click0 x drag", "0=x 0:4"},
+        {"minimize and restore", "LL", "click0 x minimize click1 y Return", "0=x 0:4 1=y 1:1"},
         {"another application", "LL", "click0 x visit", "0=x 0:4"},
     };
     // The cause is then that of the edit before, a lost focus when there was none.

@@ -171,6 +171,7 @@ private:
         m_acts["blank"] = [=](int) { Click(&m_window, QPoint(330, 230)); };
         m_acts["other"] = [=](int) { Click(m_pOther, QPoint(9, 9)); };
         m_acts["visit"] = [=](int) { VisitOtherApplication(); };
+        m_acts["minimize"] = [=](int) { MinimizeAndRestore(); };
         m_acts["drag"] = [=](int) { DragWindow(); };
     }
 
@@ -230,6 +231,15 @@ private:
                   " mousedown 1 mousemove_relative 20 20 mousemove_relative 20 20 mouseup 1");
             return m_window.pos() != before;
         });
+    }
+
+    void MinimizeAndRestore()
+    {
+        const std::string strWindow = std::to_string(m_window.winId());
+        Drive("windowminimize " + strWindow);
+        TestSupport::WaitUntil([] { return !QApplication::activeWindow(); });
+        Drive("windowactivate " + strWindow);
+        TestSupport::WaitUntil([] { return QApplication::activeWindow(); });
     }
 
     /// Another application's window takes the focus, and goes away again.

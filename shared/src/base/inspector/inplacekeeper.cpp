@@ -44,6 +44,7 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     m_bPlacedAgain = false;
     // The flags come first: they would shift a geometry that was set before. On Wayland only a pop-up can be placed.
     m_pEditor->setWindowFlags(InspectorQt::IsWayland() ? Qt::WindowFlags(Qt::Popup) : in_flags);
+    m_pEditor->setWindowState(Qt::WindowNoState); // it may have been minimized together with its owner
     InspectorQt::ShareScreen(m_pEditor, in_pOver);
     if (m_eKind == eLine || InspectorQt::IsWayland() || QApplication::activeModalWidget())
     {
