@@ -3,6 +3,7 @@
 #include "inspectorcontroller.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -85,6 +86,7 @@ CInspectorController* CInspectorView::Controller()
 void CInspectorView::RemoveAll()
 {
     m_controlHolders.clear();
+    ++m_uControlChanges;
     while (!m_root.empty())
     {
         // Children are moved up before their parent goes, so that no depth of nesting exhausts the stack.
@@ -135,6 +137,7 @@ CInspectorView::sInspectorHolder* CInspectorView::AddElement(CInspectorDataEleme
         AddNode(eHolder, in_strLabel, pHolder, in_pParent);
     }
     m_controlHolders.insert(pHolder);
+    ++m_uControlChanges;
     ParentControlToInspector(in_pWidget);
     if (in_pWidget)
     {
@@ -322,12 +325,13 @@ template <class Operation> bool CInspectorView::ForEachControl(Operation in_oper
     for (auto it = m_controlHolders.begin(); it != m_controlHolders.end();)
     {
         sInspectorHolder* pHolder = *it;
+        const unsigned uChanges = m_uControlChanges;
         in_operation(pHolder);
         if (!self)
         {
             return false;
         }
-        it = m_controlHolders.upper_bound(pHolder);
+        it = uChanges == m_uControlChanges ? std::next(it) : m_controlHolders.upper_bound(pHolder);
     }
     return true;
 }

@@ -317,6 +317,7 @@ private:
     void PlacePreview(const sPreview& in_preview);
     void recGatherForPreview(std::list<sInspectorElement>& in_nodes, std::list<sInspectorElement*>& io_units);
 
+    unsigned m_uControlChanges = 0; ///< counts the changes of m_controlHolders
     CInspectorLink<CInspectorController> m_controllerLink;
     CInspectorAnchor<CInspectorView> m_anchor{this};
 };
