@@ -25,6 +25,15 @@ inline QColor Colour(const QWidget* in_pWidget, QPalette::ColorRole in_eRole)
     return in_pWidget->palette().brush(QPalette::Current, in_eRole).color();
 }
 
+/// Qt takes its time for a move to where the widget is already, of which a layout has two for every row.
+inline void MoveTo(QWidget* in_pWidget, int in_iX, int in_iY)
+{
+    if (in_pWidget->pos() != QPoint(in_iX, in_iY))
+    {
+        in_pWidget->move(in_iX, in_iY);
+    }
+}
+
 /// What an element gives as text; false, and nothing changed, when it gives none.
 inline bool ReadText(ISimpleDataProvider* in_pProvider, std::string& out_strBytes, QString& out_strText)
 {

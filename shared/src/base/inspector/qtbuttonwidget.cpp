@@ -32,7 +32,7 @@ void CQTButtonWidget::ResizeWidget(int in_iWidth, int in_iHeight)
 
 void CQTButtonWidget::MoveWidget(int in_iX, int in_iY)
 {
-    move(in_iX, in_iY);
+    MoveTo(this, in_iX, in_iY);
 }
 
 void CQTButtonWidget::Show()
@@ -116,7 +116,7 @@ void CQTStaticWidget::ResizeWidget(int in_iWidth, int in_iHeight)
 
 void CQTStaticWidget::MoveWidget(int in_iX, int in_iY)
 {
-    move(in_iX, in_iY);
+    MoveTo(this, in_iX, in_iY);
 }
 
 void CQTStaticWidget::Show()

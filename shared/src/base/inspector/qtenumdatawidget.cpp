@@ -53,7 +53,7 @@ void CQTEnumDataWidget::ResizeWidget(int in_iWidth, int in_iHeight)
 
 void CQTEnumDataWidget::MoveWidget(int in_iX, int in_iY)
 {
-    move(in_iX, in_iY);
+    MoveTo(this, in_iX, in_iY);
 }
 
 void CQTEnumDataWidget::Show()

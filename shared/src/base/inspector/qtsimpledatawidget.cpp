@@ -61,7 +61,7 @@ void CQTSimpleDataWidget::ResizeWidget(int in_iWidth, int in_iHeight)
 
 void CQTSimpleDataWidget::MoveWidget(int in_iX, int in_iY)
 {
-    move(in_iX, in_iY);
+    MoveTo(this, in_iX, in_iY);
 }
 
 void CQTSimpleDataWidget::Show()
@@ -174,7 +174,7 @@ void CQTSimpleBoolWidget::ResizeWidget(int in_iWidth, int in_iHeight)
 
 void CQTSimpleBoolWidget::MoveWidget(int in_iX, int in_iY)
 {
-    move(in_iX, in_iY);
+    MoveTo(this, in_iX, in_iY);
 }
 
 void CQTSimpleBoolWidget::Show()
@@ -266,7 +266,7 @@ void CQTSimpleTextWidget::ResizeWidget(int in_iWidth, int in_iHeight)
 
 void CQTSimpleTextWidget::MoveWidget(int in_iX, int in_iY)
 {
-    move(in_iX, in_iY);
+    MoveTo(this, in_iX, in_iY);
 }
 
 void CQTSimpleTextWidget::Show()
