@@ -19,6 +19,7 @@ private slots:
     void Paints_data();
     void Paints();
     void HidingEndsEditing();
+    void ScrolledViewShowsAPartOfTheTall();
 };
 
 void InspectorViewTest::Sizes_data()
@@ -182,6 +183,25 @@ void InspectorViewTest::HidingEndsEditing()
     page.m_pView->ShowContent(false, false);
     QVERIFY(TestSupport::WaitUntil([] { return CQTSimpleDataWidget::g_pInPlace->isHidden(); }));
     QCOMPARE(page.m_log.Take(), Latin("line=2 line:4"));
+}
+
+void InspectorViewTest::ScrolledViewShowsAPartOfTheTall()
+{
+    CTestPage page;
+    CInspectorView::sInspectorElement* pGroup = nullptr;
+    for (int i = 0; i < 24; ++i)
+    {
+        pGroup = i % 3 ? pGroup : page.m_pView->AddGroup("group", i % 2 ? pGroup : nullptr);
+        page.Add<CQTStaticWidget, CStaticDataElement>("static", pGroup)->m_strText = std::to_string(i);
+    }
+    QVERIFY(page.Open(200, -1));
+    const QImage tall = Painted(page.m_pView);
+    page.m_pView->ResizeInspector(200, 61);
+    for (int iValue = 0; iValue < page.m_pView->m_pScrollBar->maximum(); iValue += 7)
+    {
+        page.m_pView->m_pScrollBar->setValue(iValue);
+        QVERIFY(Painted(page.m_pView).copy(0, 0, 180, 61) == tall.copy(0, iValue, 180, 61));
+    }
 }
 
 INSPECTOR_TEST_MAIN(InspectorViewTest)

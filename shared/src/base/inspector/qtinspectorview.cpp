@@ -4,6 +4,8 @@
 #include "qtsimpledatawidget.h"
 #include "viewfilter.h"
 
+#include <algorithm>
+
 namespace
 {
 const int g_iScrollBarWidth = 20;
@@ -207,16 +209,26 @@ void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
     {
         return;
     }
-    sDrawElementVisitor visitor(this);
-    while (const sInspectorElement* pElement = visitor.GetNext())
+    painter.translate(0, -m_pScrollBar->value());
+    PaintTree(painter, in_pEvent->rect().translated(0, m_pScrollBar->value()));
+}
+
+/// Level by level. What a group out of sight holds is passed over, unless metrics below zero let it stand outside.
+void CQTInspectorView::PaintTree(QPainter& in_painter, const QRect& in_exposed)
+{
+    const bool bNested = !m_bPreviewMode && std::min({GetGroupTopMargin(), GetGroupBottomMargin(),
+                                                      GetGroupLabelHeight(), GetHeightBetweenControl()}) >= 0;
+    std::vector<const std::list<sInspectorElement>*> levels{&m_root};
+    for (std::size_t u = 0; u < levels.size(); ++u)
     {
-        if (pElement->kind != eGroup)
+        for (const sInspectorElement& node : *levels[u])
         {
-            PaintLabel(painter, *pElement);
-        }
-        else if (!m_bPreviewMode)
-        {
-            PaintGroup(painter, *pElement);
+            PaintNode(in_painter, node, in_exposed);
+            const bool bInSight = node.y <= in_exposed.bottom() && node.y + node.height >= in_exposed.top();
+            if (!node.children.empty() && (bInSight || !bNested))
+            {
+                levels.push_back(&node.children);
+            }
         }
     }
 }
@@ -229,32 +241,40 @@ void CQTInspectorView::PaintMessage(QPainter& in_painter)
     in_painter.setPen(pen);
 }
 
-void CQTInspectorView::PaintLabel(QPainter& in_painter, const sInspectorElement& in_row)
+void CQTInspectorView::PaintNode(QPainter& in_painter, const sInspectorElement& in_node, const QRect& in_exposed)
 {
-    if (!in_row.name.empty())
+    if (in_node.kind == eGroup)
     {
-        const int iY = in_row.y - m_pScrollBar->value();
-        in_painter.drawText(in_row.x, iY, in_row.labelColumn, in_row.height, g_iLeftCentred, LabelText(in_row));
+        m_bPreviewMode ? void() : PaintGroup(in_painter, in_node, in_exposed);
+        return;
+    }
+    const QRect label(in_node.x, in_node.y, in_node.labelColumn, in_node.height);
+    if (!in_node.name.empty() && label.intersects(in_exposed))
+    {
+        in_painter.drawText(label, g_iLeftCentred, LabelText(in_node));
     }
 }
 
 /// The frame's upper edge runs through the middle of the title, whose background hides it.
-void CQTInspectorView::PaintGroup(QPainter& in_painter, const sInspectorElement& in_group)
+void CQTInspectorView::PaintGroup(QPainter& in_painter, const sInspectorElement& in_group, const QRect& in_exposed)
 {
-    const int iY = in_group.y - m_pScrollBar->value();
     const int iTitleHeight = in_group.name.empty() ? 0 : GetGroupLabelHeight();
     const int iHalf = iTitleHeight / 2;
-    const QPen pen = in_painter.pen();
-    in_painter.setPen(QPen(pen.color().darker(175)));
-    in_painter.drawRoundedRect(QRectF(in_group.x, iY + iHalf, in_group.width, in_group.height - iHalf), 3.0, 3.0);
-    in_painter.setPen(pen);
-    if (iTitleHeight > 0)
+    const QRect frame(in_group.x, in_group.y + iHalf, in_group.width, in_group.height - iHalf);
+    const int iTitleWidth = in_group.width - GetGroupLeftMargin() - GetGroupRightMargin();
+    const QRect title(in_group.x + GetGroupLeftMargin(), in_group.y, iTitleWidth, iTitleHeight);
+    if (frame.normalized().adjusted(-1, -1, 1, 1).intersects(in_exposed)) // the line goes beyond the rectangle
+    {
+        const QPen pen = in_painter.pen();
+        in_painter.setPen(QPen(pen.color().darker(175)));
+        in_painter.drawRoundedRect(QRectF(frame), 3.0, 3.0);
+        in_painter.setPen(pen);
+    }
+    if (title.intersects(in_exposed))
     {
         const Qt::BGMode eMode = in_painter.backgroundMode();
         in_painter.setBackgroundMode(Qt::OpaqueMode);
-        const int iWidth = in_group.width - GetGroupLeftMargin() - GetGroupRightMargin();
-        in_painter.drawText(in_group.x + GetGroupLeftMargin(), iY, iWidth, iTitleHeight, g_iLeftCentred,
-                            InspectorQt::Text(in_group.name));
+        in_painter.drawText(title, g_iLeftCentred, InspectorQt::Text(in_group.name));
         in_painter.setBackgroundMode(eMode);
     }
 }

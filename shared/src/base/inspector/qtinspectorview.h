@@ -70,8 +70,9 @@ protected:
 
 private:
     void PaintMessage(QPainter& in_painter);
-    void PaintLabel(QPainter& in_painter, const sInspectorElement& in_row);
-    void PaintGroup(QPainter& in_painter, const sInspectorElement& in_group);
+    void PaintTree(QPainter& in_painter, const QRect& in_exposed);
+    void PaintNode(QPainter& in_painter, const sInspectorElement& in_node, const QRect& in_exposed);
+    void PaintGroup(QPainter& in_painter, const sInspectorElement& in_group, const QRect& in_exposed);
     QString LabelText(const sInspectorElement& in_row) const;
 
     CViewFilter* m_pFilter;
