@@ -19,8 +19,24 @@ private slots:
     void Paints_data();
     void Paints();
     void HidingEndsEditing();
+    void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
 };
+
+namespace
+{
+/// What the user sees of a page; first everything is painted again if asked for.
+QImage OnScreen(CTestPage& io_page, bool in_bPaintAgain = false)
+{
+    QTest::qWait(1);
+    in_bPaintAgain ? io_page.m_window.repaint() : void();
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return io_page.m_window.windowHandle()->screen()->grabWindow(io_page.m_window.winId()).toImage();
+#else
+    return QPixmap::grabWindow(io_page.m_window.winId()).toImage();
+#endif
+}
+} // namespace
 
 void InspectorViewTest::Sizes_data()
 {
@@ -183,6 +199,42 @@ void InspectorViewTest::HidingEndsEditing()
     page.m_pView->ShowContent(false, false);
     QVERIFY(TestSupport::WaitUntil([] { return CQTSimpleDataWidget::g_pInPlace->isHidden(); }));
     QCOMPARE(page.m_log.Take(), Latin("line=2 line:4"));
+}
+
+void InspectorViewTest::ScreenFollowsValues()
+{
+    CTestPage page;
+    std::vector<CTestElement<CSimpleDataElement>*> lines;
+    for (int i = 0; i < 12; ++i)
+    {
+        lines.push_back(page.AddLine("line", ""));
+    }
+    const auto setAll = [&lines](const std::string& in_strValue) {
+        for (CTestElement<CSimpleDataElement>* pLine : lines)
+        {
+            pLine->SetText(in_strValue);
+        }
+    };
+    QVERIFY(page.Open(200, 150));
+    QImage before = OnScreen(page);
+    const std::function<void()> changes[] = {
+        [&] { setAll("1"); },
+        [&] {
+            page.m_log.m_hooks[eHandleItem] = [&setAll] { setAll("2"); };
+            page.m_pController->DirtifyItem(page.m_pController->m_items.front(), nullptr);
+        },
+        [&] {
+            setAll("3");
+            page.m_pView->m_pScrollBar->setValue(150); // shows some that were out of sight
+        },
+    };
+    for (const std::function<void()>& change : changes)
+    {
+        change();
+        const QImage after = OnScreen(page);
+        QVERIFY(after != before && after == OnScreen(page, true));
+        before = after;
+    }
 }
 
 void InspectorViewTest::ScrolledViewShowsAPartOfTheTall()

@@ -1,6 +1,7 @@
 #include "qtsimpledatawidget.h"
 
 #include "datawidgettools.h"
+#include "qtinspectorview.h"
 
 using namespace InspectorWidgets;
 
@@ -75,7 +76,7 @@ void CQTEnumDataWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
 {
     if (LoadValue())
     {
-        update();
+        CQTInspectorView::UpdateControl(this);
     }
 }
 

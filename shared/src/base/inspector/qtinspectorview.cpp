@@ -5,6 +5,7 @@
 #include "viewfilter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -97,7 +98,22 @@ void CQTInspectorView::SliderValueChanged(int)
 
 void CQTInspectorView::UpdateView()
 {
+    m_bPaintDue = true;
     update();
+}
+
+void CQTInspectorView::UpdateControl(QWidget* in_pControl)
+{
+    const QWidget* pContent = in_pControl->isWindow() ? nullptr : in_pControl->parentWidget();
+    if (pContent && !pContent->rect().intersects(in_pControl->geometry()))
+    {
+        return;
+    }
+    const auto* pView = pContent ? qobject_cast<CQTInspectorView*>(pContent->parentWidget()) : nullptr;
+    if (!pView || !pView->m_bAboutToPaint)
+    {
+        in_pControl->update();
+    }
 }
 
 void CQTInspectorView::EnsureVisible(CInspectorDataWidget* in_pWidget)
@@ -195,9 +211,22 @@ void CQTInspectorView::ParentControlToInspector(CInspectorDataWidget* in_pWidget
     m_pFilter->WatchControl(pWidget);
 }
 
+/// Lets the notices be handled. When a paint of the whole view was asked for, then this one, or the one still due on
+/// the screen when this is for a picture, shows what the handlers change.
+void CQTInspectorView::PreDraw()
+{
+    const QPointer<QWidget> self(this);
+    const bool bOuter = std::exchange(m_bAboutToPaint, std::exchange(m_bPaintDue, false));
+    OnPreDraw();
+    if (self)
+    {
+        m_bAboutToPaint = bOuter;
+    }
+}
+
 void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
 {
-    OnPreDraw();
+    PreDraw();
     QWidget::paintEvent(in_pEvent);
     QPainter painter(this);
     if (!m_strMessage.empty())

@@ -34,6 +34,10 @@ public:
     void ResizeInspector(int in_iWidth, int in_iHeight) override;
     void UpdateView() override;
 
+    /// Schedules a repaint of a data widget, which must not be null, as QWidget::update does; but it costs nothing for
+    /// one out of sight, or about to be painted with its view. A page that updates thousands of widgets needs that.
+    static void UpdateControl(QWidget* in_pControl);
+
     /// Scrolls as little as needed to show the widget's row; when that is taller than the view, its lower edge, unless
     /// the row begins above the view.
     void EnsureVisible(CInspectorDataWidget* in_pWidget) override;
@@ -69,6 +73,7 @@ protected:
     QScrollBar* m_pScrollBar;  ///< owned
 
 private:
+    void PreDraw();
     void PaintMessage(QPainter& in_painter);
     void PaintTree(QPainter& in_painter, const QRect& in_exposed);
     void PaintNode(QPainter& in_painter, const sInspectorElement& in_node, const QRect& in_exposed);
@@ -76,6 +81,8 @@ private:
     QString LabelText(const sInspectorElement& in_row) const;
 
     CViewFilter* m_pFilter;
+    bool m_bPaintDue = false;     ///< a paint of the whole view was asked for and has not begun
+    bool m_bAboutToPaint = false; ///< it has begun with having the notices handled
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "qtsimpledatawidget.h"
 
 #include "datawidgettools.h"
+#include "qtinspectorview.h"
 
 #include <algorithm>
 
@@ -103,7 +104,7 @@ void CQTSimpleDataWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
     if (ReadText(GetSafeControlDataProvider(), m_strLoaded, m_strValue))
     {
         g_pInPlace->UpdateText(this, m_strValue);
-        update();
+        CQTInspectorView::UpdateControl(this);
     }
 }
 
@@ -192,7 +193,7 @@ void CQTSimpleBoolWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
     if (CBoolDataElement* pElement = GetSafeData())
     {
         m_bValue = pElement->GetValue();
-        update();
+        CQTInspectorView::UpdateControl(this);
     }
 }
 
