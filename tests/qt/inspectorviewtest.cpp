@@ -21,6 +21,8 @@ private slots:
     void HidingEndsEditing();
     void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
+    void NewPageAppears();
+    void AddedRowDisturbsNobody();
 };
 
 namespace
@@ -254,6 +256,41 @@ void InspectorViewTest::ScrolledViewShowsAPartOfTheTall()
         page.m_pView->m_pScrollBar->setValue(iValue);
         QVERIFY(Painted(page.m_pView).copy(0, 0, 180, 61) == tall.copy(0, iValue, 180, 61));
     }
+}
+
+/// After a layout, or a paint that comes before.
+void InspectorViewTest::NewPageAppears()
+{
+    for (int iWay = 0; iWay < 2; ++iWay)
+    {
+        CTestPage page;
+        QVERIFY(page.Open());
+        page.Add<CQTSimpleTextWidget, CSimpleDataElement>("text");
+        QWidget* pText = page.WidgetAt<QWidget>(0);
+        pText->setFocus();
+        iWay ? page.m_pView->RecomputeLayout() : void();
+        QVERIFY(TestSupport::WaitUntil([pText] { return pText->isVisible() && pText->hasFocus(); }));
+        const QImage image = OnScreen(page);
+        QVERIFY(image == OnScreen(page, true));
+    }
+}
+
+void InspectorViewTest::AddedRowDisturbsNobody()
+{
+    CTestPage page;
+    page.AddLine("line", "");
+    page.Add<CQTSimpleTextWidget, CSimpleDataElement>("text");
+    QVERIFY(page.Open());
+    QWidget* pText = page.WidgetAt<QWidget>(1);
+    pText->setFocus();
+    page.AddLine("added", "");
+    QVERIFY(pText->isVisible() && pText->hasFocus());
+    page.WidgetAt<CQTSimpleDataWidget>(0)->StartEditing();
+    page.m_log.Take();
+    page.AddLine("added", "");
+    page.m_pView->RecomputeLayout();
+    QTest::qWait(1);
+    QVERIFY(CQTSimpleDataWidget::g_pInPlace->isVisible() && page.m_log.Take().isEmpty());
 }
 
 INSPECTOR_TEST_MAIN(InspectorViewTest)

@@ -82,6 +82,10 @@ void CQTInspectorView::OnContentHeightSet()
     }
     if (self)
     {
+        Reveal();
+    }
+    if (self)
+    {
         UpdateView();
     }
 }
@@ -207,8 +211,32 @@ void CQTInspectorView::ParentControlToInspector(CInspectorDataWidget* in_pWidget
     {
         return;
     }
+    if (m_pContentWidget->children().isEmpty())
+    {
+        StartPage();
+    }
     pWidget->setParent(m_pContentWidget);
     m_pFilter->WatchControl(pWidget);
+}
+
+/// Widgets that are shown one by one cost Qt time that grows with the square of their number; together, when their
+/// place has been found, they do not. Nobody sees the difference: the next paint shows them in any case.
+void CQTInspectorView::StartPage()
+{
+    if (m_pContentWidget->isVisible())
+    {
+        m_bHeldBack = true;
+        m_pContentWidget->hide();
+    }
+}
+
+void CQTInspectorView::Reveal()
+{
+    if (m_bHeldBack)
+    {
+        m_bHeldBack = false;
+        m_pContentWidget->show();
+    }
 }
 
 /// Lets the notices be handled. When a paint of the whole view was asked for, then this one, or the one still due on
@@ -226,6 +254,7 @@ void CQTInspectorView::PreDraw()
 
 void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
 {
+    Reveal();
     PreDraw();
     QWidget::paintEvent(in_pEvent);
     QPainter painter(this);

@@ -73,6 +73,8 @@ protected:
     QScrollBar* m_pScrollBar;  ///< owned
 
 private:
+    void StartPage();
+    void Reveal();
     void PreDraw();
     void PaintMessage(QPainter& in_painter);
     void PaintTree(QPainter& in_painter, const QRect& in_exposed);
@@ -83,6 +85,7 @@ private:
     CViewFilter* m_pFilter;
     bool m_bPaintDue = false;     ///< a paint of the whole view was asked for and has not begun
     bool m_bAboutToPaint = false; ///< it has begun with having the notices handled
+    bool m_bHeldBack = false;     ///< the content of a new page waits to be laid out
 };
 
 #endif

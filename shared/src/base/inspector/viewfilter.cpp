@@ -34,6 +34,8 @@ bool CViewFilter::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
             InspectorQt::WatchWindow(m_pView, this);
         }
         return false;
+    case QEvent::UpdateLater:
+        return IsOutOfSight(in_pWatched);
     case QEvent::ChildAdded:
         WatchChild(static_cast<QChildEvent*>(in_pEvent)->child(), in_pWatched);
         return false;
@@ -43,6 +45,14 @@ bool CViewFilter::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     default:
         return false;
     }
+}
+
+/// Qt has each shown widget ask for its first paint by itself, in time that grows with the square of their number.
+/// Those out of sight need none yet: they are painted when they come into sight.
+bool CViewFilter::IsOutOfSight(QObject* in_pWatched) const
+{
+    return in_pWatched->parent() == m_pContent &&
+           !m_pContent->rect().intersects(static_cast<QWidget*>(in_pWatched)->geometry());
 }
 
 /// What a data widget is given inside later is watched too.

@@ -28,6 +28,7 @@ public:
     bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
 private:
+    bool IsOutOfSight(QObject* in_pWatched) const;
     void WatchChild(QObject* in_pChild, const QObject* in_pParent);
     bool Scroll(QEvent* in_pWheel);
     bool TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_press);
