@@ -21,6 +21,7 @@ private slots:
     void HidingEndsEditing();
     void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
+    void LabelsAreMeasuredAnew();
     void NewPageAppears();
     void AddedRowDisturbsNobody();
 };
@@ -255,6 +256,28 @@ void InspectorViewTest::ScrolledViewShowsAPartOfTheTall()
     {
         page.m_pView->m_pScrollBar->setValue(iValue);
         QVERIFY(Painted(page.m_pView).copy(0, 0, 180, 61) == tall.copy(0, iValue, 180, 61));
+    }
+}
+
+void InspectorViewTest::LabelsAreMeasuredAnew()
+{
+    CTestView view;
+    CTestLog log;
+    CTestController controller(log);
+    controller.m_pView = &view;
+    CInspectorView::sInspectorElement row;
+    for (int iPixels = 10; iPixels < 40; ++iPixels)
+    {
+        QFont font = view.font();
+        font.setPixelSize(iPixels / 2);
+        view.setFont(font);
+        controller.SetPreviewMode(iPixels % 2 != 0);
+        for (const char* strLabel : {"label", "another"})
+        {
+            row.name = strLabel;
+            const QString strText = Latin(row.name + (iPixels % 2 ? "=" : ""));
+            QCOMPARE(view.GetElementLabelWidth(&row), QFontMetrics(font).boundingRect(QRect(), 0, strText).width() + 2);
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 #include "qtinspectorview.h"
 
 #include "inspectorqt.h"
+#include "labelwidths.h"
 #include "qtsimpledatawidget.h"
 #include "viewfilter.h"
 
@@ -14,7 +15,10 @@ const int g_iScrollStep = 25; ///< a row and the space after it
 const int g_iLeftCentred = Qt::AlignLeft | Qt::AlignVCenter;
 } // namespace
 
-CQTInspectorView::CQTInspectorView() : m_pContentWidget(new QWidget(this)), m_pScrollBar(new QScrollBar(this))
+CQTInspectorView::CQTInspectorView()
+    : m_pContentWidget(new QWidget(this)),
+      m_pScrollBar(new QScrollBar(this)),
+      m_pLabelWidths(new CLabelWidths)
 {
     m_pContentWidget->show();
     m_pScrollBar->hide();
@@ -183,8 +187,7 @@ int CQTInspectorView::GetElementLabelWidth(CInspectorView::sInspectorElement* in
     {
         return 0;
     }
-    const QRect rect(in_pElement->x, in_pElement->y, in_pElement->width, in_pElement->height);
-    return QFontMetrics(font()).boundingRect(rect, g_iLeftCentred, LabelText(*in_pElement)).width() + 2;
+    return m_pLabelWidths->WidthOf(LabelText(*in_pElement), font()) + 2;
 }
 
 void CQTInspectorView::OnToggleShowContent(bool in_bShow)
@@ -223,6 +226,7 @@ void CQTInspectorView::ParentControlToInspector(CInspectorDataWidget* in_pWidget
 /// place has been found, they do not. Nobody sees the difference: the next paint shows them in any case.
 void CQTInspectorView::StartPage()
 {
+    m_pLabelWidths->StartPage();
     if (m_pContentWidget->isVisible())
     {
         m_bHeldBack = true;

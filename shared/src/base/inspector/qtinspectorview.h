@@ -7,8 +7,10 @@
 #include <QScrollBar>
 #include <QWidget>
 
+#include <memory>
 #include <string>
 
+class CLabelWidths;
 class CViewFilter;
 class QPainter;
 
@@ -83,6 +85,7 @@ private:
     QString LabelText(const sInspectorElement& in_row) const;
 
     CViewFilter* m_pFilter;
+    std::unique_ptr<CLabelWidths> m_pLabelWidths;
     bool m_bPaintDue = false;     ///< a paint of the whole view was asked for and has not begun
     bool m_bAboutToPaint = false; ///< it has begun with having the notices handled
     bool m_bHeldBack = false;     ///< the content of a new page waits to be laid out

@@ -1,0 +1,31 @@
+#include "labelwidths.h"
+
+#include "inspectorqt.h"
+
+int CLabelWidths::WidthOf(const QString& in_strLabel, const QFont& in_font)
+{
+    if (!in_font.isCopyOf(m_font))
+    {
+        m_present.clear();
+        m_before.clear();
+        m_font = in_font;
+    }
+    const QHash<QString, int>::const_iterator known = m_present.constFind(in_strLabel);
+    if (known != m_present.constEnd())
+    {
+        return known.value();
+    }
+    const QHash<QString, int>::const_iterator before = m_before.constFind(in_strLabel);
+    const int iFlags = Qt::AlignLeft | Qt::AlignVCenter;
+    const int iWidth = before != m_before.constEnd()
+                           ? before.value()
+                           : QFontMetrics(in_font).boundingRect(QRect(), iFlags, in_strLabel).width();
+    m_present.insert(in_strLabel, iWidth);
+    return iWidth;
+}
+
+void CLabelWidths::StartPage()
+{
+    m_before.swap(m_present);
+    m_present.clear();
+}
