@@ -226,20 +226,20 @@ private:
     void DragWindow()
     {
         const QPoint before = m_window.pos();
-        TestSupport::WaitUntil([&] {
-            Drive("mousemove " + std::to_string(before.x() + 150) + " " + std::to_string(before.y() + 5) +
-                  " mousedown 1 mousemove_relative 20 20 mousemove_relative 20 20 mouseup 1");
-            return m_window.pos() != before;
-        });
+        Drive("mousemove " + std::to_string(before.x() + 150) + " " + std::to_string(before.y() + 5) + " mousedown 1");
+        Drive("mousemove_relative 20 20");
+        Drive("mousemove_relative 20 20");
+        Drive("mouseup 1");
+        TestSupport::WaitUntil([&] { return m_window.pos() != before; });
     }
 
     void MinimizeAndRestore()
     {
         const std::string strWindow = std::to_string(m_window.winId());
         Drive("windowminimize " + strWindow);
-        TestSupport::WaitUntil([] { return !QApplication::activeWindow(); });
+        TestSupport::WaitUntil([this] { return m_window.isMinimized(); });
         Drive("windowactivate " + strWindow);
-        TestSupport::WaitUntil([] { return QApplication::activeWindow(); });
+        TestSupport::WaitUntil([this] { return QApplication::activeWindow() == &m_window; });
     }
 
     /// Another application's window takes the focus, and goes away again.
