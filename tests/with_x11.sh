@@ -1,8 +1,13 @@
 #!/bin/bash
-# with_x11.sh <seconds> <program> [argument...]
-# Runs a program for at most that long, on an X server and a window manager of its own.
+# with_x11.sh [--bare] <seconds> <program> [argument...]
+# Runs a program for at most that long, on an X server and a window manager of its own; --bare: without the latter.
 set -u
 
+bare=
+if [[ $1 == --bare ]]; then
+    bare=yes
+    shift
+fi
 limit=$1
 shift
 server= manager= program=
@@ -28,15 +33,18 @@ server=$!
 read -r -t 30 display <&"$number" || fail "Xvfb did not start"
 export DISPLAY=":$display"
 
-# A home that does not exist keeps the user's own window manager settings out.
-env HOME=/nonexistent XDG_CONFIG_HOME=/nonexistent openbox --sm-disable >/dev/null 2>&1 &
-manager=$!
-deadline=$((SECONDS + 30))
-until [[ $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) == *"window id"* ]]; do
-    kill -0 "$manager" 2>/dev/null || fail "openbox did not start"
-    ((SECONDS < deadline)) || fail "openbox does not manage windows"
-    sleep 0.05
-done
+start_manager() {
+    # A home that does not exist keeps the user's own window manager settings out.
+    env HOME=/nonexistent XDG_CONFIG_HOME=/nonexistent openbox --sm-disable >/dev/null 2>&1 &
+    manager=$!
+    local deadline=$((SECONDS + 30))
+    until [[ $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) == *"window id"* ]]; do
+        kill -0 "$manager" 2>/dev/null || fail "openbox did not start"
+        ((SECONDS < deadline)) || fail "openbox does not manage windows"
+        sleep 0.05
+    done
+}
+[[ $bare ]] || start_manager
 
 # Widgets need no OpenGL, and its drivers are slow to load and leak.
 export QT_QPA_PLATFORM=xcb QT_XCB_GL_INTEGRATION=none

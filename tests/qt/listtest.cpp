@@ -28,7 +28,10 @@ public:
                 QDialog box;
                 QVERIFY(TestSupport::ShowWindow(&box) && Editor()->isHidden());
             }
-            m_window.activateWindow(); // not every platform does that
+            if (Platform() == eSent)
+            {
+                m_window.activateWindow(); // nobody else does
+            }
         };
         m_acts["set"] = [this](int in_iRow) { m_lists[in_iRow]->SetText("1"); };
     }
@@ -103,7 +106,7 @@ void ListTest::initTestCase()
 {
     TestSupport::FailOnWarnings();
     m_other.setGeometry(600, 100, 150, 80);
-    QVERIFY(TestSupport::ShowWindow(&m_other));
+    QVERIFY(CWorkedPage::Platform() == eWayland || TestSupport::ShowWindow(&m_other));
 }
 
 void ListTest::Choices_data()
@@ -236,7 +239,7 @@ void ListTest::Editing_data()
         {"over a modal window", "ME", "click0 row2 click0 Escape click0 blank", "0=3 0:4 0:0 0:4"},
 
         {"click beside the rows", "E", "click0 blank click0", "0:4 @0=Two"},
-        {"click another window", "E", "click0 other", "0:4"},
+        {"click another window", "E", "click0 other", "0:4", eSent | eX11},
         {"click another row", "EEEEE", "click0 click4", "0:4 @4=Two"},
         {"click the row itself", "E", "click0 click0", "0:4 @0=Two"},
         {"the element changed meanwhile", "EE", "click0 set0 Escape click1 set1 blank", "0:0 1:4"},
@@ -256,13 +259,12 @@ void ListTest::Editing_data()
         {"view deleted in the report", "EE", "when:delete click1 row2", "1=3"},
         {"message box in the report", "E", "when:box click0 row2", "0=3 0:4"},
         {"opened again in the report", "EEEEE", "when:click4 click0 row2", "0=3 0:4 @4=Two"},
+
+        {"drag the title bar", "E", "click0 drag", "0:4", eX11},
+        {"another application", "E", "click0 visit", "0:4", eX11},
+        {"no window manager: press another row", "EE", "click0 press1", "0:4 @1=Two", eSent},
     };
-    const sCase atDesktop[] = {
-        {"drag the title bar", "E", "click0 drag", "0:4"},
-        {"another application", "E", "click0 visit", "0:4"},
-    };
-    const sCase withoutActivation[] = {{"press another row", "EE", "click0 press1", "0:4 @1=Two"}};
-    AddCases(cases, withoutActivation, atDesktop);
+    AddCases(cases);
 }
 
 void ListTest::Editing()

@@ -112,10 +112,14 @@ inline QRect DesktopRect()
 inline bool ShowWindow(QWidget* in_pWindow)
 {
     in_pWindow->show();
-    in_pWindow->activateWindow();
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    if (QGuiApplication::platformName() != QLatin1String("wayland"))
+    {
+        in_pWindow->activateWindow();
+    }
     const bool bShown = QTest::qWaitForWindowExposed(in_pWindow);
 #else
+    in_pWindow->activateWindow();
     const bool bShown = QTest::qWaitForWindowShown(in_pWindow);
 #endif
     return bShown && WaitUntil([in_pWindow] { return QApplication::activeWindow() == in_pWindow; });

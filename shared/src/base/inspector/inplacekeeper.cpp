@@ -53,7 +53,7 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     m_pEditor->setGeometry(in_geometry);
     qApp->installEventFilter(this);
     m_pEditor->show();
-    m_pEditor->activateWindow();
+    InspectorQt::Activate(m_pEditor);
 }
 
 void CInPlaceKeeper::Close()
@@ -71,7 +71,7 @@ void CInPlaceKeeper::Close()
     m_pEditor->hide();
     if (bWasActive && pOwner)
     {
-        pOwner->activateWindow();
+        InspectorQt::Activate(pOwner);
     }
 }
 
@@ -94,7 +94,7 @@ bool CInPlaceKeeper::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     switch (in_pEvent->type())
     {
     case QEvent::MouseButtonPress:
-        return m_eKind == eDropDown && EndOnPress(in_pWatched);
+        return (m_eKind == eDropDown || InspectorQt::IsWayland()) && EndOnPress(in_pWatched);
     case QEvent::Wheel:
         if (m_eKind == eLine && in_pWatched == m_pEditor)
         {
@@ -174,20 +174,22 @@ void CInPlaceKeeper::EndEditing()
     QCoreApplication::sendEvent(m_pEditor, &deactivation);
 }
 
-/// A tool-tip window does not lose the activation to a press elsewhere, so the press itself ends the editing. It then
-/// goes on to where it was aimed, unless that has died of the report.
+/// Neither a tool-tip window nor a pop-up loses the activation to a press elsewhere, so the press itself ends the
+/// editing. It then goes on to where it was aimed, unless that has died of the report. The editor's context menu, a
+/// pop-up over the pop-up, takes the next press for itself.
 bool CInPlaceKeeper::EndOnPress(QObject* in_pWatched)
 {
     const QPointer<QObject> pWatched = in_pWatched;
     const QPointer<QWidget> pPressed = InspectorQt::WindowWidget(in_pWatched);
-    if (!pPressed || pPressed == m_pEditor)
+    const bool bBelowMenu = InspectorQt::IsWayland() && QApplication::activePopupWidget() != m_pEditor;
+    if (!pPressed || pPressed == m_pEditor || bBelowMenu)
     {
         return false;
     }
     EndEditing();
     if (pPressed)
     {
-        pPressed->activateWindow();
+        InspectorQt::Activate(pPressed);
     }
     return !pWatched;
 }

@@ -68,6 +68,15 @@ inline bool IsWayland()
 #endif
 }
 
+/// Activates a window. On Wayland that is not for a client to ask for: Qt 5 warns, and a pop-up gets the keys anyway.
+inline void Activate(QWidget* in_pWindow)
+{
+    if (!IsWayland())
+    {
+        in_pWindow->activateWindow();
+    }
+}
+
 /// Puts a top-level window, which must not be on show, on the screen that another widget is on: places are counted in
 /// the screen's own scale.
 inline void ShareScreen(QWidget* in_pWindow, const QWidget* in_pOther)
