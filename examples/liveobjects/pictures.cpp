@@ -34,7 +34,7 @@ void SetUpLook(bool in_bDark)
 class CPictures
 {
 public:
-    explicit CPictures(const QString& in_strDirectory) : m_directory(in_strDirectory) { m_window.show(); }
+    explicit CPictures(const QString& in_strDirectory);
 
     bool Write();
 
@@ -48,6 +48,13 @@ private:
     QDir m_directory;
     bool m_bAllSaved = true;
 };
+
+/// An open list stays on the screen, which is small at a large scale factor: the inspector has to be on it.
+CPictures::CPictures(const QString& in_strDirectory) : m_directory(in_strDirectory)
+{
+    m_window.move(-400, -150);
+    m_window.show();
+}
 
 bool CPictures::Write()
 {
