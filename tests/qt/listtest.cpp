@@ -28,10 +28,7 @@ public:
                 QDialog box;
                 QVERIFY(TestSupport::ShowWindow(&box) && Editor()->isHidden());
             }
-            if (Platform() == eSent)
-            {
-                m_window.activateWindow(); // nobody else does
-            }
+            QVERIFY(TestSupport::ShowWindow(&m_window)); // not every platform activates it
         };
         m_acts["set"] = [this](int in_iRow) { m_lists[in_iRow]->SetText("1"); };
     }

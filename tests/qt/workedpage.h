@@ -107,53 +107,40 @@ protected:
                                                         {"y", Qt::Key_Y},
                                                         {"z", Qt::Key_Z}};
         const int iBefore = m_counts[QEvent::KeyPress];
-        if (IsReal())
+        if (IsReal()) // a compositor lets a pop-up open only while the key is down
         {
             Drive("keydown " + in_strKey);
+            Rest(QEvent::KeyPress, iBefore, in_strKey);
+            Drive("keyup " + in_strKey);
+            return;
         }
-        else
-        {
-            const bool bShift = in_strKey == "shift+Tab";
-            QWidget* pMenu = QApplication::activePopupWidget();
-            QTest::keyClick(pMenu ? pMenu : QApplication::focusWidget(), Qt::Key(keys.at(in_strKey)),
-                            bShift ? Qt::ShiftModifier : Qt::NoModifier);
-        }
+        QWidget* pMenu = QApplication::activePopupWidget();
+        QTest::keyClick(pMenu ? pMenu : QApplication::focusWidget(), Qt::Key(keys.at(in_strKey)),
+                        in_strKey == "shift+Tab" ? Qt::ShiftModifier : Qt::NoModifier);
         Rest(QEvent::KeyPress, iBefore, in_strKey);
-        if (IsReal())
-        {
-            Drive("keyup " + in_strKey); // a compositor lets a pop-up open only while the key is down
-        }
     }
 
     /// Without a window manager the window is activated as one would do it.
     void Click(QWidget* in_pWidget, const QPoint& in_position, Qt::MouseButton in_eButton = Qt::LeftButton)
     {
         const int iBefore = m_counts[QEvent::MouseButtonRelease];
-        if (IsReal())
-        {
-            const char* strButton = in_eButton == Qt::LeftButton ? "1" : in_eButton == Qt::RightButton ? "3" : "2";
-            DriveIn(in_pWidget, in_position, strButton);
-        }
-        else
+        if (!IsReal())
         {
             in_pWidget->window()->activateWindow();
             QCoreApplication::processEvents();
-            TestSupport::ClickThroughWindow(in_pWidget, in_eButton, in_position);
         }
+        IsReal() ? DriveIn(in_pWidget, in_position,
+                           in_eButton == Qt::LeftButton    ? 1
+                           : in_eButton == Qt::RightButton ? 3
+                                                           : 2)
+                 : TestSupport::ClickThroughWindow(in_pWidget, in_eButton, in_position);
         Rest(QEvent::MouseButtonRelease, iBefore, "a click");
     }
 
     void TurnWheel(QWidget* in_pWidget)
     {
         const int iBefore = m_counts[QEvent::Wheel];
-        if (IsReal())
-        {
-            DriveIn(in_pWidget, in_pWidget->rect().center(), "5");
-        }
-        else
-        {
-            TestSupport::TurnWheel(in_pWidget);
-        }
+        IsReal() ? DriveIn(in_pWidget, in_pWidget->rect().center(), 5) : void(TestSupport::TurnWheel(in_pWidget));
         Rest(QEvent::Wheel, iBefore, "the wheel");
     }
 
@@ -233,7 +220,7 @@ private:
 
     /// A window manager takes its frame off the screen only some time after the window, so this waits for a window of
     /// ours to be on top. A compositor finds a new window under a pointer that moves, and not always at once.
-    static void DriveIn(const QWidget* in_pWidget, const QPoint& in_position, const std::string& in_strButton)
+    static void DriveIn(const QWidget* in_pWidget, const QPoint& in_position, int in_iButton)
     {
         const QPoint position = in_pWidget->mapToGlobal(in_position);
         const std::string strMove = "mousemove " + std::to_string(position.x()) + " " + std::to_string(position.y());
@@ -243,7 +230,7 @@ private:
             QTest::qWait(5);
             return Platform() == eX11 || QApplication::activePopupWidget() || in_pWidget->window()->underMouse();
         });
-        Drive("click " + in_strButton);
+        Drive("click " + std::to_string(in_iButton));
     }
 
     void DragWindow()
@@ -289,20 +276,11 @@ private:
     {
         const QWidget* pActive = KeyTaker();
         const QWidgetList windows = QApplication::topLevelWidgets();
-        return pActive && IsExposed(pActive) &&
+        return pActive && pActive->testAttribute(Qt::WA_Mapped) &&
                std::none_of(windows.begin(), windows.end(), [pActive](const QWidget* in_pWindow) {
                    return in_pWindow != pActive && in_pWindow->isVisible() && !pActive->inherits("QMenu") &&
                           (in_pWindow->inherits("CInPlaceEdit") || in_pWindow->inherits("CInPlaceList"));
                });
-    }
-
-    static bool IsExposed(const QWidget* in_pWindow)
-    {
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-        return in_pWindow->windowHandle()->isExposed();
-#else
-        return in_pWindow->isVisible();
-#endif
     }
 
     void Rest(QEvent::Type in_eType, int in_iBefore, const std::string& in_strAct)
