@@ -1,6 +1,7 @@
 #!/bin/bash
 # with_wayland.sh <program> [argument...]
-# Runs a program on a Wayland compositor of its own, whose only screen is a window that fills the X screen.
+# Runs a program on a Wayland compositor of its own, whose screen is a window that fills an X screen without a window
+# manager: "with_x11.sh --bare <seconds> with_wayland.sh <program>".
 set -u
 
 compositor= program=
@@ -25,10 +26,11 @@ fail() {
 }
 
 # The kiosk shell fills the screen with each window, so that places in a window are places on the screen.
-setpriv --pdeathsig KILL weston --no-config --backend=x11-backend.so --use-pixman --width=1280 --height=1024 --shell=kiosk-shell.so \
-    --idle-time=0 --socket=wayland >"$folder/log" 2>&1 &
+setpriv --pdeathsig KILL weston --no-config --backend=x11-backend.so --use-pixman --width=1280 --height=1024 \
+    --shell=kiosk-shell.so --idle-time=0 --socket=wayland >"$folder/log" 2>&1 &
 compositor=$!
 deadline=$((SECONDS + 30))
+# Nobody but this script gives the window the keyboard.
 until [[ -S $folder/wayland ]] && xdotool search --onlyvisible --class weston windowfocus 2>/dev/null; do
     kill -0 "$compositor" 2>/dev/null || fail "weston did not start"
     ((SECONDS < deadline)) || fail "weston shows no window"

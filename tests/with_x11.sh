@@ -44,7 +44,9 @@ start_manager() {
         sleep 0.05
     done
 }
-[[ $bare ]] || start_manager
+if [[ ! $bare ]]; then
+    start_manager
+fi
 
 # Widgets need no OpenGL, and its drivers are slow to load and leak.
 export QT_QPA_PLATFORM=xcb QT_XCB_GL_INTEGRATION=none
