@@ -38,7 +38,8 @@ start_manager() {
     env HOME=/nonexistent XDG_CONFIG_HOME=/nonexistent openbox --sm-disable >/dev/null 2>&1 &
     manager=$!
     local deadline=$((SECONDS + 30))
-    until [[ $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) == *"window id"* ]]; do
+    # The list of its windows is there only after openbox has said what it supports, which Qt asks for once.
+    until [[ $(xprop -root _NET_CLIENT_LIST 2>/dev/null) == *"window id"* ]]; do
         kill -0 "$manager" 2>/dev/null || fail "openbox did not start"
         ((SECONDS < deadline)) || fail "openbox does not manage windows"
         sleep 0.05
