@@ -3,7 +3,6 @@
 
 #include "inspectorcontroller.h"
 #include "inspectorview.h"
-#include "layoutcheck.h"
 
 #include <gtest/gtest.h>
 
@@ -71,7 +70,6 @@ struct CFakeWidget : CFake<CInspectorDataWidget>
 {
     using CFake<CInspectorDataWidget>::CFake;
 
-    ~CFakeWidget() override { m_bReleasesOwners ? ReleaseOwners() : void(); }
     const char* GetType() override { return "fake.widget"; }
     void InitFromElement() override { m_journal.Note("init"); }
     void StartEditing() override { m_journal.Note("edit " + m_strName); }
@@ -79,23 +77,17 @@ struct CFakeWidget : CFake<CInspectorDataWidget>
     int GetRequiredWidth() override { return m_iWish; }
     int GetRequiredHeight(int in_iWidth) override { return m_iHeight ? m_iHeight : in_iWidth / 10; }
     void ResizeWidget(int in_iWidth, int in_iHeight) override { m_size = {in_iWidth, in_iHeight}; }
-    void MoveWidget(int in_iX, int in_iY) override
-    {
-        m_place = {in_iX, in_iY};
-        tAction{m_onMove}();
-    }
+    void MoveWidget(int in_iX, int in_iY) override { m_place = {in_iX, in_iY}; }
     void Show() override { m_journal.Note("show"); }
     void Hide() override {}
 
-    bool m_bReleasesOwners = false;
     int m_iWish = 0;
     int m_iHeight = 20; ///< 0: a tenth of the row's width
     std::pair<int, int> m_place;
     std::pair<int, int> m_size;
-    tAction m_onMove = [] {};
 };
 
-/// A view whose every layout is checked.
+/// A view whose every layout is checked for what must hold whatever the tree is.
 struct CFakeView : CInspectorView
 {
     explicit CFakeView(sJournal& io_journal) : m_journal(io_journal) {}
@@ -103,10 +95,6 @@ struct CFakeView : CInspectorView
     using CInspectorView::m_allHolders;
     using CInspectorView::m_bLabelGrouping;
     using CInspectorView::m_bPreviewMode;
-    using CInspectorView::m_controlHolders;
-    using CInspectorView::m_iContentHeight;
-    using CInspectorView::m_iViewHeight;
-    using CInspectorView::m_iViewWidth;
     using CInspectorView::m_root;
 
     void UpdateView() override { ++m_iUpdates; }
@@ -114,27 +102,96 @@ struct CFakeView : CInspectorView
     int GetElementLabelWidth(sInspectorElement* in_pNode) override { return m_labelWidths[in_pNode->name]; }
     void EnsureVisible(CInspectorDataWidget* in_pWidget) override
     {
-        m_journal.Act("reveal " + static_cast<CFakeWidget*>(in_pWidget)->m_strName, m_onReveal);
+        m_journal.Note("reveal " + static_cast<CFakeWidget*>(in_pWidget)->m_strName);
     }
     void OnContentHeightSet() override
     {
-        ++m_iLayouts;
-        EXPECT_EQ("", m_bCheck ? CLayoutCheck<CFakeView>(*this).Fault() : "");
-        for (const sHolder* p : m_bCheck ? m_controlHolders : std::set<sHolder*>())
+        const int iLeft = GetInspectorLeftMargin();
+        const int iWidth = m_iViewWidth - iLeft - GetInspectorRightMargin();
+        const int iEnd = m_bPreviewMode ? 0 : CheckStack(m_root, iLeft, iWidth, GetInspectorTopMargin());
+        EXPECT_TRUE(m_bPreviewMode || m_iContentHeight == iEnd + GetInspectorBottomMargin());
+        for (const sHolder* p : m_controlHolders)
         {
             const CFakeWidget* pWidget = static_cast<CFakeWidget*>(p->widget);
-            EXPECT_TRUE(!pWidget || pWidget->m_place == std::make_pair(p->x, p->y));
-            EXPECT_TRUE(!pWidget || pWidget->m_size ==
-                                        std::make_pair(m_bShowContent ? p->width : 0, m_bShowContent ? p->height : 0));
+            const auto size = m_bShowContent ? std::make_pair(p->width, p->height) : std::make_pair(0, 0);
+            EXPECT_TRUE(!pWidget || (pWidget->m_place == std::make_pair(p->x, p->y) && pWidget->m_size == size));
         }
+    }
+
+    static void Check(bool in_bGood, const sNode& in_node) { EXPECT_TRUE(in_bGood) << in_node.name; }
+
+    /// Nodes stand between the margins, one below the other, their labels aligned.
+    /// \return the y after the last node
+    int CheckStack(const std::list<sNode>& in_nodes, int in_iX, int in_iWidth, int in_iY)
+    {
+        std::set<int> columns;
+        for (const sNode& node : in_nodes)
+        {
+            Check(node.x == in_iX && node.width == in_iWidth && node.y == in_iY, node);
+            node.holder ? CheckRow(node) : CheckGroup(node);
+            if (node.holder && !(node.holder->request && (node.holder->request->flags & 1)))
+            {
+                columns.insert(node.labelColumn);
+            }
+            in_iY += node.height + GetHeightBetweenControl();
+        }
+        EXPECT_TRUE(!m_bLabelGrouping || columns.size() < 2);
+        return in_iY;
+    }
+
+    /// A frame is as high as what is in it.
+    void CheckGroup(const sNode& in_group)
+    {
+        int iEnd = in_group.y;
+        if (!in_group.children.empty())
+        {
+            const int iWidth = in_group.width - GetGroupLeftMargin() - GetGroupRightMargin();
+            const int iTop = iEnd + GetGroupTopMargin() + (in_group.name.empty() ? 0 : GetGroupLabelHeight());
+            iEnd = CheckStack(in_group.children, in_group.x + GetGroupLeftMargin(), iWidth, iTop);
+            iEnd += GetGroupBottomMargin();
+        }
+        Check(in_group.height == iEnd - in_group.y, in_group);
+    }
+
+    /// The control takes what its label leaves of the row; controls that share a row stand side by side.
+    static void CheckRow(const sNode& in_row)
+    {
+        const sHolder& holder = *in_row.holder;
+        int iX = in_row.x + in_row.labelColumn;
+        Check(holder.x == iX && holder.width == in_row.width - in_row.labelColumn, in_row);
+        Check(holder.y == in_row.y && holder.height == in_row.height, in_row);
+        for (const sHolder* pSub : holder.container ? holder.subHolders : std::list<sHolder*>())
+        {
+            Check(pSub->x == iX && pSub->y == in_row.y && pSub->height == in_row.height, in_row);
+            iX += pSub->width + 2;
+        }
+    }
+
+    template <class Direction> std::vector<sHolder*> Leaves()
+    {
+        std::vector<sHolder*> leaves;
+        for (CHolderLeafIterator<Direction> leaf(m_root); !leaf.IsAtEnd(); leaf.Next())
+        {
+            leaves.push_back(leaf.GetLeaf());
+        }
+        return leaves;
+    }
+
+    /// The nodes as they are drawn, and null for the top level.
+    std::vector<sNode*> Nodes()
+    {
+        sDrawElementVisitor visitor(this);
+        std::vector<sNode*> nodes{visitor.GetNext()};
+        while (nodes.back())
+        {
+            nodes.push_back(visitor.GetNext());
+        }
+        return nodes;
     }
 
     sJournal& m_journal;
     std::map<std::string, int> m_labelWidths;
-    tAction m_onReveal;
-    bool m_bCheck = true; ///< off where callbacks change the page under a layout
     int m_iUpdates = 0;
-    int m_iLayouts = 0;
 };
 
 struct CFakeController : CInspectorController

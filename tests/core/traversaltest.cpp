@@ -2,26 +2,14 @@
 
 namespace
 {
-template <class Direction> std::string Leaves(CFakeView& in_view)
+std::string Widgets(const std::vector<sHolder*>& in_leaves)
 {
     std::string strLeaves;
-    for (CHolderLeafIterator<Direction> leaf(in_view.m_root); !leaf.IsAtEnd(); leaf.Next())
+    for (const sHolder* pLeaf : in_leaves)
     {
-        CFakeWidget* pWidget = static_cast<CFakeWidget*>(leaf.GetLeaf()->widget);
-        strLeaves += pWidget ? pWidget->m_strName : "-";
+        strLeaves += pLeaf->widget ? static_cast<CFakeWidget*>(pLeaf->widget)->m_strName : "-";
     }
     return strLeaves;
-}
-
-std::string Drawn(CFakeView& in_view)
-{
-    std::string strNodes;
-    CInspectorView::sDrawElementVisitor visitor(&in_view);
-    while (const sNode* pNode = visitor.GetNext())
-    {
-        strNodes += pNode->name;
-    }
-    return strNodes;
 }
 } // namespace
 
@@ -29,17 +17,22 @@ TEST(Traversal, Orders)
 {
     // tree, leaves forwards, backwards, order of drawing
     const std::vector<std::vector<std::string>> cases = {
-        {"{G }", "", "", "G"},
-        {"{G {H c } a } b", "cab", "bac", "GbHac"},
-        {"{G a } {H {I b } } d", "abd", "dba", "GHdaIb"},
-        {"a [k b d ] {G [l ] } e", "abd-e", "e-dba", "akGel"},
+        {"{G }", "", "", "G."},
+        {"{G {H c } a } b", "cab", "bac", "GbHac."},
+        {"{G a } {H {I b } } d", "abd", "dba", "GHdaIb."},
+        {"a [k b d ] {G [l ] } e", "abd-e", "e-dba", "akGel."},
     };
     for (const std::vector<std::string>& row : cases)
     {
         CPage page;
         page.Build(row[0]);
-        const std::vector<std::string> orders = {row[0], Leaves<sForwardLeafIterators>(page.view),
-                                                 Leaves<sReverseLeafIterators>(page.view), Drawn(page.view)};
+        std::string strDrawn;
+        for (const sNode* pNode : page.view.Nodes())
+        {
+            strDrawn += pNode ? pNode->name : ".";
+        }
+        const std::vector<std::string> orders = {row[0], Widgets(page.view.Leaves<sForwardLeafIterators>()),
+                                                 Widgets(page.view.Leaves<sReverseLeafIterators>()), strDrawn};
         EXPECT_EQ(row, orders);
     }
 }
@@ -91,11 +84,12 @@ TEST(Traversal, DeepNesting)
     }
     page.Add("a", pGroup);
     page.view.ResizeInspector(400, -1);
-    EXPECT_EQ(10 + 10000 * 15 + 25, page.view.m_iContentHeight);
-    EXPECT_EQ("aa", Drawn(page.view) + Leaves<sReverseLeafIterators>(page.view));
+    EXPECT_EQ(10 + 10000 * 15 + 25, page.view.GetCurrentContentHeight());
+    EXPECT_EQ("a", Widgets(page.view.Leaves<sReverseLeafIterators>()));
+    EXPECT_EQ(10002u, page.view.Nodes().size());
     page.view.m_bPreviewMode = true;
     page.view.RecomputeLayout();
-    EXPECT_EQ(20, page.view.m_iContentHeight);
+    EXPECT_EQ(20, page.view.GetCurrentContentHeight());
     page.view.RemoveEmptyGroups();
     EXPECT_EQ(1u, page.view.m_root.size());
 }

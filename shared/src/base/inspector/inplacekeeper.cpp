@@ -59,7 +59,8 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
 void CInPlaceKeeper::Close()
 {
     const CBusy busy(this);
-    const QPointer<QWidget> pOwner = m_pOver ? m_pOver->window() : m_pOwner.data();
+    const bool bOverInPlace = m_pOver && !m_pOver->isWindow(); // a dying one may have left its window
+    const QPointer<QWidget> pOwner = bOverInPlace ? m_pOver->window() : m_pOwner.data();
     const bool bWasActive = QApplication::activeWindow() == m_pEditor;
     qApp->removeEventFilter(this);
     m_pOver = nullptr;
@@ -68,6 +69,10 @@ void CInPlaceKeeper::Close()
     {
         InspectorQt::SetTransientOwner(m_pEditor, nullptr); // or a window manager takes the activation away
     }
+    if (m_pEditor->isVisible())
+    {
+        RequestCheck(); // of nothing, but see Retire
+    }
     m_pEditor->hide();
     if (bWasActive && pOwner)
     {
@@ -75,13 +80,15 @@ void CInPlaceKeeper::Close()
     }
 }
 
+/// An editor that was on the screen until now may be about to get the focus: taking it from another widget made that
+/// one report, the report ended everything, and Qt will go on with the editor.
 void CInPlaceKeeper::Retire()
 {
     Close();
     m_bRetired = true;
     if (m_iBusy == 0)
     {
-        delete m_pEditor;
+        m_bCheckPosted ? m_pEditor->deleteLater() : delete m_pEditor;
     }
 }
 

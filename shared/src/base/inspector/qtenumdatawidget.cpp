@@ -19,6 +19,10 @@ CQTEnumDataWidget::CQTEnumDataWidget()
 CQTEnumDataWidget::~CQTEnumDataWidget()
 {
     ReleaseOwners();
+    if (m_pList->isVisible())
+    {
+        setParent(nullptr); // what is reported now may delete the view
+    }
     m_pList->SetSink(nullptr);
     m_pList.reset();
     if (g_pInPlaceList.use_count() == 1)

@@ -2,6 +2,7 @@
 
 #include "inspectordataelement.h"
 #include "inspectorqt.h"
+#include "qtsimpledatawidget.h"
 
 CViewFilter::CViewFilter(QWidget* in_pView, QWidget* in_pContent, QScrollBar* in_pScrollBar)
     : QObject(in_pView),
@@ -79,7 +80,14 @@ bool CViewFilter::TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_pre
 {
     const QPointer<QObject> pWindow = in_pWindow;
     const QPointer<QObject> self = this;
-    ReleaseFocus(in_press.pos());
+    if (in_press.button() == Qt::RightButton && CQTSimpleDataWidget::g_pInPlace)
+    {
+        CQTSimpleDataWidget::g_pInPlace->OnFinishEditing(); // a context menu would end it while Qt opens the menu
+    }
+    if (pWindow && self)
+    {
+        ReleaseFocus(in_press.pos());
+    }
     return !pWindow || (self && DeliverRightPress(in_press));
 }
 

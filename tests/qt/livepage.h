@@ -1,0 +1,314 @@
+#ifndef LIVEPAGE_H
+#define LIVEPAGE_H
+
+#include "testsupport.h"
+
+/// A row of the application's own: it is painted and moved by the application's code.
+class CAppWidget : public CQTStaticWidget
+{
+public:
+    ~CAppWidget() override
+    {
+        ReleaseOwners();
+        setParent(nullptr); // what is called now may delete the view
+        m_pLog->Note(eWidgetDestructor, "");
+    }
+    int GetRequiredWidth() override { return m_iWidth; }
+    int GetRequiredHeight(int) override { return m_iHeight; }
+    void MoveWidget(int in_iX, int in_iY) override
+    {
+        move(in_iX, in_iY);
+        m_pLog->Note(eMove, "");
+    }
+    void paintEvent(QPaintEvent*) override { m_pLog->Note(ePaint, ""); }
+
+    CTestLog* m_pLog = nullptr;
+    int m_iWidth = -1;
+    int m_iHeight = 20;
+};
+
+/// What an act does that is not safe everywhere.
+enum eHarm
+{
+    eHarmless,
+    eDestroys,
+    eLoops
+};
+
+struct sAct
+{
+    const char* m_strName;
+    eHarm m_eHarm;
+    std::function<void()> m_act;
+};
+
+/// A page with a row of every kind, and what the user and the application do with it. A row is known by the initial of
+/// its name: every value that it is given, and all that is typed into it, is made of that letter.
+class CLivePage : public CTestPage
+{
+public:
+    typedef CInspectorController::sInspectorControllerData sItem;
+
+    CLivePage() { Build(); }
+    ~CLivePage()
+    {
+        Unhook();
+        delete m_pView;
+    }
+
+    void Build()
+    {
+        Add<CQTSimpleDataWidget, CSimpleDataElement>("line", nullptr, new CTestData(m_log));
+        AddLine("other", "");
+        CEnumDataElement* pEnum = Add<CQTEnumDataWidget, CEnumDataElement>("enum");
+        pEnum->CreateEnum();
+        pEnum->AddEnum("e", "One");
+        Add<CQTSimpleBoolWidget, CBoolDataElement>("flag");
+        Add<CQTButtonWidget, CButtonDataElement>("go");
+        Add<CQTSimpleTextWidget, CSimpleDataElement>("text");
+        Add<CQTSimpleTextWidget, CSimpleDataElement>("second");
+        Add<CAppWidget, CStaticDataElement>("app", nullptr, new CTestData(m_log));
+        static_cast<CAppWidget*>(m_pController->m_items.back()->widget)->m_pLog = &m_log;
+        m_pController->ConnectDataElements();
+        m_pView ? m_pView->RecomputeLayout() : void();
+    }
+
+    void Unhook() { std::fill(std::begin(m_log.m_hooks), std::end(m_log.m_hooks), nullptr); }
+
+    std::list<sItem*> Items() const { return m_pController ? m_pController->m_items : std::list<sItem*>(); }
+
+    /// Null when the row is gone or has lost its widget.
+    sItem* Find(const std::string& in_strName) const
+    {
+        const std::list<sItem*> items = Items();
+        const QWidget* pWidget = WidgetOf(in_strName);
+        const auto isIt = [pWidget](const sItem* in_p) { return dynamic_cast<QWidget*>(in_p->widget) == pWidget; };
+        const auto it = std::find_if(items.begin(), items.end(), isIt);
+        return pWidget && it != items.end() ? *it : nullptr;
+    }
+
+    QWidget* WidgetOf(const std::string& in_strName) const
+    {
+        return m_pView ? m_pView->findChild<QWidget*>(TestSupport::Latin(in_strName)) : nullptr;
+    }
+
+    void Remove(sItem* in_pItem) { in_pItem ? m_pController->RemoveItem(in_pItem->element) : void(); }
+
+    /// Does what is not too harmful: in a paint no event loop may run, and in that of a row nothing may be destroyed.
+    bool Do(const sAct& in_act)
+    {
+        const QWidgetList widgets = QApplication::allWidgets();
+        const auto it = std::find_if(widgets.begin(), widgets.end(), [](const QWidget* in_pWidget) {
+            return in_pWidget->testAttribute(Qt::WA_WState_InPaintEvent);
+        });
+        if (it != widgets.end() && in_act.m_eHarm > (qobject_cast<CQTInspectorView*>(*it) ? eDestroys : eHarmless))
+        {
+            return false;
+        }
+        Wire();
+        in_act.m_act();
+        return true;
+    }
+
+    /// Later where Qt goes on with it: in its own paint, and when it is a window that gives up being the active one.
+    void DeleteView()
+    {
+        CTestView* pView = std::exchange(m_pView, nullptr);
+        const bool bLeaving = pView && pView->isWindow() && QApplication::activeWindow() != pView;
+        bLeaving || (pView && pView->testAttribute(Qt::WA_WState_InPaintEvent)) ? pView->deleteLater() : delete pView;
+    }
+
+    void Dirtify()
+    {
+        m_pController->DirtifyController(new CTestNotice(m_log));
+        for (sItem* pItem : Items())
+        {
+            m_pController->DirtifyItem(pItem, new CTestNotice(m_log));
+        }
+    }
+
+    /// Where there is no window manager that activates the window.
+    void Click(const std::string& in_strName, Qt::MouseButton in_eButton = Qt::LeftButton)
+    {
+        QWidget* pWidget = WidgetOf(in_strName);
+        QWidget* pWindow = pWidget && pWidget->isVisible() ? pWidget->window() : nullptr;
+        const QPoint position(in_strName == "go" && pWidget ? pWidget->width() / 2 : 10, 10);
+        QWidget* pHit = pWindow ? pWindow->childAt(pWidget->mapTo(pWindow, position)) : nullptr;
+        m_strPressed = in_strName;
+        if (pHit && (pHit == pWidget || pWidget->isAncestorOf(pHit)))
+        {
+            TestSupport::ClickThroughWindow(pWidget, in_eButton, position);
+        }
+    }
+
+    void VisitOther()
+    {
+        m_other.show();
+        m_other.activateWindow();
+        QCoreApplication::processEvents();
+        m_other.hide();
+    }
+
+    void Key(int in_iKey) const
+    {
+        QWidget* pFocus = QApplication::focusWidget();
+        pFocus ? QTest::keyClick(pFocus, Qt::Key(in_iKey)) : void();
+    }
+
+    /// Types the letter of the row that is to get it.
+    void Type() const
+    {
+        const std::string strRows = QApplication::focusWidget() ? RowsAt(*QApplication::focusWidget()) : "";
+        strRows.size() == 1 ? QTest::keyClick(QApplication::focusWidget(), strRows[0]) : void();
+    }
+
+    void Open(const std::string& in_strName)
+    {
+        Click(in_strName);
+        Settle();
+        in_strName == "enum" ? void() : Type();
+        m_strOpen = in_strName;
+    }
+
+    /// The initials of the rows in sight that a widget covers or a list hangs under. A row without a size is as good as
+    /// in sight.
+    std::string RowsAt(const QWidget& in_widget) const
+    {
+        std::string strRows;
+        const QObjectList widgets = m_pView ? m_pView->m_pContentWidget->children() : QObjectList();
+        for (const QObject* pObject : widgets)
+        {
+            const QWidget* p = qobject_cast<const QWidget*>(pObject);
+            const bool bList = &in_widget == CQTEnumDataWidget::g_pInPlaceList.get();
+            const QPoint place = p->mapToGlobal(QPoint(0, bList ? p->height() : 0));
+            const bool bHere = (place - in_widget.mapToGlobal(QPoint())).manhattanLength() <= 4; // frames
+            const bool bInSight = p->isVisible() && (!p->visibleRegion().isEmpty() || p->size().isEmpty());
+            strRows.append(bHere && bInSight ? 1 : 0, p->objectName().at(0).toLatin1());
+        }
+        return strRows;
+    }
+
+    /// Lets everything posted arrive.
+    static void Settle()
+    {
+        for (int iTurn = 0; iTurn < 3; ++iTurn)
+        {
+            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QApplication::activePopupWidget() ? QApplication::activePopupWidget()->close() : false;
+        }
+    }
+
+    /// What is wrong on the screen, or was reported wrongly; empty for nothing.
+    std::string Fault() const
+    {
+        const QWidget* const editors[] = {CQTSimpleDataWidget::g_pInPlace, CQTEnumDataWidget::g_pInPlaceList.get()};
+        for (const QWidget* p : editors)
+        {
+            if (p && p->isVisible() && RowsAt(*p).empty())
+            {
+                return "an editor over no row";
+            }
+        }
+        const QStringList words = m_log.Text().split(QLatin1Char(' '));
+        for (const QString& word : words)
+        {
+            QString strValue = word.section(QLatin1Char('='), 1);
+            strValue.remove(word.left(1)).remove(QLatin1Char('\n')).remove(QLatin1Char('\t'));
+            if (!strValue.isEmpty() && !word.startsWith(QLatin1String("flag")))
+            {
+                return word.toLatin1().constData();
+            }
+        }
+        return "";
+    }
+
+    /// Whether another row can be edited after all this.
+    bool NextEdit()
+    {
+        Unhook();
+        Wire();
+        m_pController->SetPreviewMode(false);
+        AddLine("next", "");
+        m_pView->ShowContent(true, false);
+        m_window.resize(340, 400);
+        VisitOther(); // the platform activates no window that it takes for the active one
+        const bool bShown = CTestPage::Open(320, 400);
+        m_pView->EnsureVisible(m_pController->m_items.back()->widget);
+        Settle();
+        Open("next");
+        Key(Qt::Key_Return);
+        return bShown && m_log.Text().endsWith(QLatin1String("next=n next:1"));
+    }
+
+    QWidget m_other;
+    std::string m_strPressed = "app";
+    std::string m_strOpen;
+
+    const std::vector<sAct> m_opening = {{"nothing", eHarmless, [this] {}},
+                                         {"line", eHarmless, [this] { Open("line"); }},
+                                         {"list", eHarmless, [this] { Open("enum"); }},
+                                         {"text", eHarmless, [this] { Open("text"); }},
+                                         {"text in a window of the view's", eHarmless, [this] {
+                                              m_pView->setParent(nullptr);
+                                              TestSupport::ShowWindow(m_pView);
+                                              Open("text");
+                                          }}};
+
+    /// After the right presses, a click on another text and hidden content Qt goes on with a widget.
+    const std::vector<sAct> m_input = {
+        {"Return", eHarmless, [this] { Key(Qt::Key_Return); }},
+        {"choice", eLoops,
+         [this] {
+             const std::shared_ptr<CInPlaceList> pList = CQTEnumDataWidget::g_pInPlaceList;
+             pList && pList->isVisible() ? QTest::mouseClick(pList->viewport(), Qt::LeftButton, {}, QPoint(5, 5))
+                                         : void();
+         }},
+        {"another window", eLoops, [this] { VisitOther(); }},
+        {"flag", eHarmless, [this] { Click("flag"); }},
+        {"other line", eHarmless, [this] { Click("other"), Key(Qt::Key_Tab); }},
+        {"command", eHarmless, [this] { Click("go"); }},
+        {"flag, right button", eHarmless, [this] { Click("flag", Qt::RightButton); }},
+        {"command, right button", eHarmless, [this] { Click("go", Qt::RightButton); }},
+        {"context menu", eLoops, [this] { Click("text", Qt::RightButton), Settle(); }},
+        {"second text", eHarmless, [this] { Click("second"); }},
+        {"paint", eLoops, [this] { Dirtify(), m_pView->update(), QCoreApplication::processEvents(); }}};
+
+    /// The first five are what makes the library call back in every place but the user's.
+    const std::vector<sAct> m_calls = {
+        {"remove the item", eDestroys, [this] { Remove(Find(m_strOpen.empty() ? m_strPressed : m_strOpen)); }},
+        {"rebuild", eDestroys, [this] { m_pController->ClearAllData(), Wire(), Build(); }},
+        {"handle notices", eDestroys, [this] { Dirtify(), m_pController->HandleDirtyItems(); }},
+        {"lay out", eHarmless, [this] { m_pView->ResizeInspector(300, 100); }},
+        {"hide the content", eHarmless, [this] { m_pView->ShowContent(false, false); }},
+        {"delete the widget", eDestroys, [this] { delete WidgetOf(m_strOpen.empty() ? m_strPressed : m_strOpen); }},
+        {"remove the pressed item", eDestroys, [this] { Remove(Find(m_strPressed)); }},
+        {"clear", eDestroys, [this] { m_pController->ClearAllData(); }},
+        {"add items", eHarmless,
+         [this] {
+             AddLine("added", "", m_pView->AddSingleLineContainer("", nullptr, m_pView->AddGroup("group", nullptr)));
+             m_pView->RecomputeLayout();
+         }},
+        {"delete the view", eDestroys, [this] { DeleteView(); }},
+        {"delete the controller", eDestroys, [this] { m_pController.reset(); }},
+        {"start another edit", eHarmless, [this] { Find("other") ? Find("other")->widget->StartEditing() : void(); }},
+        {"dirty other items", eHarmless, [this] { Dirtify(); }},
+        {"toggle preview", eHarmless,
+         [this] {
+             m_pController->SetPreviewMode(!m_pController->IsPreviewMode());
+             m_pView->RecomputeLayout();
+         }},
+        {"change read-only", eHarmless,
+         [this] {
+             sItem* p = Find(m_strOpen);
+             p ? p->element->SetReadOnly(!p->element->IsReadOnly()) : void();
+         }},
+        {"nested event loop", eLoops, [this] { Click("other"), QCoreApplication::processEvents(); }},
+        {"message box", eLoops, [] {
+             QMessageBox box;
+             QTimer::singleShot(0, &box, SLOT(accept()));
+             box.exec();
+         }}};
+};
+
+#endif
