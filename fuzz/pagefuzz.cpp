@@ -12,37 +12,15 @@ void Require(const std::string& in_strFault)
     in_strFault.empty() ? void() : qFatal("%s", in_strFault.c_str());
 }
 
+/// The user does something, or the application does, at once or the next time that it is called.
 void Step(CLivePage& io_page, CChoices& io_choices)
 {
-    const Qt::Key keys[] = {Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backspace, Qt::Key_Down};
-    const int iNumber = io_choices.Pick(256);
-    const sAct& call = *io_choices.Any(io_page.m_calls);
-    switch (io_choices.Pick(8))
-    {
-    case 0:
-        io_page.Do(call);
-        break;
-    case 1:
-        io_page.m_log.m_hooks[iNumber % ePlaces] = [&io_page, &call] { io_page.Do(call); };
-        break;
-    case 2:
-        io_page.Key(keys[iNumber % 5]);
-        break;
-    case 3:
-        io_page.Type();
-        break;
-    case 4:
-        io_page.m_window.setGeometry(iNumber, 50, 340, 200 + iNumber);
-        break;
-    case 5:
-        iNumber % 2 ? io_page.m_window.setVisible(iNumber & 2) : void(TestSupport::TurnWheel(&io_page.m_window));
-        break;
-    case 6:
-        io_page.Do(io_page.m_opening[static_cast<std::size_t>(iNumber) % io_page.m_opening.size()]);
-        break;
-    default:
-        io_page.Do(io_page.m_input[static_cast<std::size_t>(iNumber) % io_page.m_input.size()]);
-    }
+    const std::vector<sAct>* const kinds[] = {&io_page.m_calls, &io_page.m_opening, &io_page.m_input,
+                                              &io_page.m_asides};
+    const int iWhen = io_choices.Pick(2 * ePlaces);
+    const sAct& act = *io_choices.Any(iWhen < ePlaces ? io_page.m_calls : *kinds[iWhen % 4]);
+    const std::function<void()> doIt = [&io_page, &act] { io_page.Do(act); };
+    iWhen < ePlaces ? void(io_page.m_log.m_hooks[iWhen] = doIt) : doIt();
 }
 } // namespace
 
@@ -56,9 +34,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* in_pBytes, std::size_t
     {
         CLivePage page;
         page.CTestPage::Open(320, 380);
-        for (CChoices choices(in_pBytes, in_uSize); !choices.IsAtEnd(); page.Settle())
+        for (CChoices choices(in_pBytes, in_uSize); !choices.IsAtEnd();)
         {
             Step(page, choices);
+            page.Settle();
             Require(page.Fault());
         }
         Require(page.NextEdit() ? page.Fault() : "no further edit");

@@ -8,7 +8,7 @@ mapfile -t sources < <(find shared examples tests benchmarks fuzz -name '*.h' -o
 echo "clang-format: ${#sources[@]} files"
 clang-format --dry-run -Werror "${sources[@]}" || failed=1
 
-mapfile -t units < <(find "$library" -name '*.cpp' | sort)
+mapfile -t units < <(find "$library" fuzz -name '*.cpp' | sort)
 echo "clang-tidy: ${#units[@]} files"
 printf '%s\0' "${units[@]}" | xargs -0 -n 1 -P 2 clang-tidy --quiet -p "$1" 2>/dev/null || failed=1
 
@@ -16,7 +16,7 @@ echo "cppcheck"
 # It takes a guarded pointer that a call in between may have cleared for the same condition twice.
 cppcheck --quiet --error-exitcode=1 --inline-suppr --std=c++14 --language=c++ --library=qt \
     --enable=warning,performance --suppress=missingInclude --suppress=identicalConditionAfterEarlyExit \
-    -I "$library" "$library" examples || failed=1
+    -I "$library" -I tests/core -I tests/qt "$library" examples fuzz || failed=1
 
 if ((failed == 0)); then
     echo "No complaint."

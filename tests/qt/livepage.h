@@ -110,12 +110,13 @@ public:
         return true;
     }
 
-    /// Later where Qt goes on with it: in its own paint, and when it is a window that gives up being the active one.
+    /// Later where Qt goes on with it: in its own paint, and where a window may be losing or getting the activation.
     void DeleteView()
     {
         CTestView* pView = std::exchange(m_pView, nullptr);
-        const bool bLeaving = pView && pView->isWindow() && QApplication::activeWindow() != pView;
-        bLeaving || (pView && pView->testAttribute(Qt::WA_WState_InPaintEvent)) ? pView->deleteLater() : delete pView;
+        const bool bActivation = pView && pView->isWindow() && (pView->m_bShowContent || m_other.isVisible());
+        bActivation || (pView && pView->testAttribute(Qt::WA_WState_InPaintEvent)) ? pView->deleteLater()
+                                                                                   : delete pView;
     }
 
     void Dirtify()
@@ -250,14 +251,19 @@ public:
                                          {"list", eHarmless, [this] { Open("enum"); }},
                                          {"text", eHarmless, [this] { Open("text"); }},
                                          {"text in a window of the view's", eHarmless, [this] {
+                                              VisitOther();
+                                              Wire();
                                               m_pView->setParent(nullptr);
-                                              TestSupport::ShowWindow(m_pView);
+                                              m_pView->show();
+                                              m_pView->activateWindow();
+                                              Settle();
                                               Open("text");
                                           }}};
 
     /// After the right presses, a click on another text and hidden content Qt goes on with a widget.
     const std::vector<sAct> m_input = {
         {"Return", eHarmless, [this] { Key(Qt::Key_Return); }},
+        {"Backtab", eHarmless, [this] { Key(Qt::Key_Backtab); }},
         {"choice", eLoops,
          [this] {
              const std::shared_ptr<CInPlaceList> pList = CQTEnumDataWidget::g_pInPlaceList;
@@ -273,6 +279,16 @@ public:
         {"context menu", eLoops, [this] { Click("text", Qt::RightButton), Settle(); }},
         {"second text", eHarmless, [this] { Click("second"); }},
         {"paint", eLoops, [this] { Dirtify(), m_pView->update(), QCoreApplication::processEvents(); }}};
+
+    /// What else may come in between.
+    const std::vector<sAct> m_asides = {
+        {"letter", eHarmless, [this] { Type(); }},
+        {"Escape", eHarmless, [this] { Key(Qt::Key_Escape); }},
+        {"Tab", eHarmless, [this] { Key(Qt::Key_Tab); }},
+        {"wheel", eHarmless, [this] { TestSupport::TurnWheel(m_pView); }},
+        {"move the window", eHarmless, [this] { m_window.move(90 - m_window.x() % 90, 50); }},
+        {"hide the window", eHarmless, [this] { m_window.hide(); }},
+        {"show the window", eHarmless, [this] { m_window.show(), m_window.resize(340, 150); }}};
 
     /// The first five are what makes the library call back in every place but the user's.
     const std::vector<sAct> m_calls = {
@@ -291,7 +307,11 @@ public:
          }},
         {"delete the view", eDestroys, [this] { DeleteView(); }},
         {"delete the controller", eDestroys, [this] { m_pController.reset(); }},
-        {"start another edit", eHarmless, [this] { Find("other") ? Find("other")->widget->StartEditing() : void(); }},
+        {"start another edit", eHarmless,
+         [this] {
+             const bool bInSight = WidgetOf("other") && !WidgetOf("other")->visibleRegion().isEmpty();
+             bInSight&& Find("other") ? Find("other")->widget->StartEditing() : void();
+         }},
         {"dirty other items", eHarmless, [this] { Dirtify(); }},
         {"toggle preview", eHarmless,
          [this] {

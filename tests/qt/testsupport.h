@@ -307,6 +307,7 @@ private:
 class CTestView : public CQTInspectorView
 {
 public:
+    using CQTInspectorView::m_bShowContent;
     using CQTInspectorView::m_iContentHeight;
     using CQTInspectorView::m_iOffsetY;
     using CQTInspectorView::m_pContentWidget;

@@ -69,10 +69,6 @@ void CInPlaceKeeper::Close()
     {
         InspectorQt::SetTransientOwner(m_pEditor, nullptr); // or a window manager takes the activation away
     }
-    if (m_pEditor->isVisible())
-    {
-        RequestCheck(); // of nothing, but see Retire
-    }
     m_pEditor->hide();
     if (bWasActive && pOwner)
     {
@@ -80,15 +76,15 @@ void CInPlaceKeeper::Close()
     }
 }
 
-/// An editor that was on the screen until now may be about to get the focus: taking it from another widget made that
-/// one report, the report ended everything, and Qt will go on with the editor.
+/// An editor that has been on the screen may be about to get the focus: taking it from another widget made that one
+/// report, the report ended everything, and Qt will go on with the editor.
 void CInPlaceKeeper::Retire()
 {
     Close();
     m_bRetired = true;
     if (m_iBusy == 0)
     {
-        m_bCheckPosted ? m_pEditor->deleteLater() : delete m_pEditor;
+        m_pEditor->testAttribute(Qt::WA_WState_Created) ? m_pEditor->deleteLater() : delete m_pEditor;
     }
 }
 

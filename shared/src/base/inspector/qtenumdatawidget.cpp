@@ -115,8 +115,8 @@ void CQTEnumDataWidget::mousePressEvent(QMouseEvent* in_pEvent)
     }
     const QPointer<QWidget> self(this);
     m_pList->SetSink(this);
-    pElement = self ? GetSafeEnumData() : nullptr; // ending another widget's edit may have rebuilt the page
-    if (!pElement || !pElement->m_pDefinition)
+    pElement = self ? GetSafeEnumData() : nullptr; // ending another widget's edit may have rebuilt or hidden the page
+    if (!pElement || !pElement->m_pDefinition || size().isEmpty())
     {
         return;
     }

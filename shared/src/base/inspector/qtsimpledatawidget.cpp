@@ -78,10 +78,11 @@ void CQTSimpleDataWidget::Hide()
 void CQTSimpleDataWidget::StartEditing()
 {
     const QPointer<QWidget> self(this);
+    const bool bHidden = size().isEmpty();
     g_pInPlace->SetSink(this);
-    if (!self)
+    if (!self || (!bHidden && size().isEmpty()))
     {
-        return; // ending another row's edit rebuilt the page
+        return; // ending another row's edit rebuilt the page, or hid its content
     }
     g_pInPlace->SetText(InspectorQt::Bytes(m_strValue).c_str());
     g_pInPlace->InPlaceEdit(this, rect());
@@ -328,6 +329,19 @@ void CQTSimpleTextWidget::focusOutEvent(QFocusEvent* in_pEvent)
     {
         return; // its own context menu: the editing goes on, and so does Qt with this widget
     }
+    ReportText();
+}
+
+/// Losing the focus reports, which may destroy the widget that Qt has found to get it: reported before Qt looks.
+bool CQTSimpleTextWidget::focusNextPrevChild(bool in_bNext)
+{
+    const QPointer<QWidget> self(this);
+    ReportText();
+    return !self || QTextEdit::focusNextPrevChild(in_bNext);
+}
+
+void CQTSimpleTextWidget::ReportText()
+{
     if (m_bOutdated && toPlainText() == m_strShown)
     {
         ShowLoaded(true); // what was typed has been taken back

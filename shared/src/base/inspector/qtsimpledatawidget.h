@@ -190,8 +190,10 @@ public:
 protected:
     /// Reports the text, unless the focus goes to the context menu. QTextEdit's own handling is left out on purpose.
     void focusOutEvent(QFocusEvent* in_pEvent) override;
+    bool focusNextPrevChild(bool in_bNext) override;
 
 private:
+    void ReportText();
     void ShowLoaded(bool in_bReplaceText);
 
     std::string m_strLoaded;  ///< what the element gave last
