@@ -19,7 +19,10 @@ void Step(CLivePage& io_page, CChoices& io_choices)
                                               &io_page.m_asides};
     const int iWhen = io_choices.Pick(2 * ePlaces);
     const sAct& act = *io_choices.Any(iWhen < ePlaces ? io_page.m_calls : *kinds[iWhen % 4]);
-    const std::function<void()> doIt = [&io_page, &act] { io_page.Do(act); };
+    const std::function<void()> doIt = [&io_page, &act] {
+        act.m_eHarm == eLoops ? io_page.Unhook() : void(); // Qt goes on with what a report's event loop would destroy
+        io_page.Do(act);
+    };
     iWhen < ePlaces ? void(io_page.m_log.m_hooks[iWhen] = doIt) : doIt();
 }
 } // namespace

@@ -147,4 +147,11 @@ TEST(Controller, WiresTheView)
     page.owner->m_pView = nullptr; // it does not point back now
     page.DeleteController();
     EXPECT_EQ(nullptr, other.m_pController);
+
+    CItems dying; // its view, which does not point back, dies in a callback
+    std::unique_ptr<CFakeView> shortLived(new CFakeView(dying.journal));
+    dying.owner->m_pView = shortLived.get();
+    dying.elements[0]->m_onDisconnect = [&shortLived] { shortLived.reset(); };
+    dying.DeleteController();
+    EXPECT_EQ(nullptr, shortLived);
 }

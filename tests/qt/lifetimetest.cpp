@@ -187,6 +187,7 @@ void LifetimeTest::AnyNumber()
             request.minimum = iFirst;
             request.maximum = iSecond;
             request.maximumIsPercent = 1;
+            page.AddLine("added", "", page.m_pView->AddSingleLineContainer("", &request, nullptr));
             QVERIFY(page.CTestPage::Open(320, 380));
             page.m_pView->ResizeInspector(iFirst, iSecond);
             page.m_pView->OffsetControls(iFirst, iSecond);

@@ -70,7 +70,7 @@ CInspectorController::~CInspectorController()
 }
 
 /// The view. The application writes the pointer itself, so each look at it links it anew: it is then not reached after
-/// its death.
+/// its death. Hence a look before anything that calls out.
 CInspectorView* CInspectorController::View()
 {
     m_viewLink.Bind(m_pView, m_pView);
@@ -116,6 +116,7 @@ void CInspectorController::Dismiss(sInspectorControllerData* in_pItem)
         Unlist(in_pItem);
         return;
     }
+    View();
     in_pItem->m_bLeaving = true;
     std::unique_ptr<sInspectorControllerData> item(in_pItem);
     const tSelf self(this);
@@ -184,6 +185,7 @@ void CInspectorController::DropControllerNotices()
 /// at the first one that has not had its turn.
 void CInspectorController::ConnectDataElements()
 {
+    View();
     const tSelf self(this);
     const unsigned uPass = ++m_uConnectPass;
     auto it = m_items.begin();
@@ -209,6 +211,7 @@ void CInspectorController::ConnectDataElements()
 
 void CInspectorController::ClearAllData()
 {
+    View();
     const tSelf self(this);
     DropAllItemNotices();
     while (self && !m_items.empty())
@@ -273,6 +276,7 @@ void CInspectorController::HandleDirtyItems()
     {
         return;
     }
+    View();
     const tSelf self(this);
     m_bHandling = true;
     HandleControllerNotices(self);
