@@ -20,10 +20,17 @@ install() {
         <(cd "$stage/include/inspector$SUFFIX" && ls ./*.h | sort)
 }
 
+# The programs run until they are stopped.
+check_that_it_runs() {
+    local status=0
+    timeout 1 "$1" || status=$?
+    ((status == 124)) || { echo "$1 ended with $status" >&2; return 1; }
+}
+
 with_cmake() {
     configure_and_build "$here/consumer" consumer \
         -DINSPECTOR_PACKAGE="Inspector$SUFFIX" -DINSPECTOR_VERSION="$VERSION"
-    consumer/consumer
+    check_that_it_runs consumer/consumer
 }
 
 with_pkgconfig() {
@@ -32,26 +39,23 @@ with_pkgconfig() {
     export PKG_CONFIG_PATH=$folder${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}
     # Words are meant to be split: they are arguments.
     # shellcheck disable=SC2046
-    "$CXX" "$here/consumer/main.cpp" -o pkgconfig_consumer $(pkg-config --cflags --libs "inspector$SUFFIX")
-    LD_LIBRARY_PATH=$(dirname "$folder") ./pkgconfig_consumer
+    "$CXX" "$SOURCE/examples/minimal/main.cpp" -o pkgconfig_consumer $(pkg-config --cflags --libs "inspector$SUFFIX")
+    LD_LIBRARY_PATH=$(dirname "$folder") check_that_it_runs ./pkgconfig_consumer
 }
 
 # As a part of another project, and as a static library.
 as_subproject() {
     configure_and_build "$here/consumer" subproject \
         -DINSPECTOR_SOURCE="$SOURCE" -DINSPECTOR_QT="$QT" -DBUILD_SHARED_LIBS=OFF
-    subproject/consumer
+    check_that_it_runs subproject/consumer
 }
 
-# An example runs until it is stopped.
 examples() {
-    local list example program
+    local list example
     for list in "$SOURCE"/examples/*/CMakeLists.txt; do
         example=$(basename "$(dirname "$list")")
         configure_and_build "$(dirname "$list")" "examples/$example"
-        program=$(find "examples/$example" -maxdepth 1 -type f -perm -u+x)
-        timeout 1 "$program" && status=0 || status=$?
-        ((status == 124)) || { echo "$program ended with $status" >&2; return 1; }
+        check_that_it_runs "$(find "examples/$example" -maxdepth 1 -type f -perm -u+x)"
     done
 }
 

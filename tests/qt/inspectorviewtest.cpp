@@ -2,7 +2,6 @@
 
 using TestSupport::Latin;
 using TestSupport::Painted;
-using TestSupport::Pixels;
 
 class InspectorViewTest : public QObject
 {
@@ -10,14 +9,9 @@ class InspectorViewTest : public QObject
 
 private slots:
     void initTestCase() { TestSupport::FailOnWarnings(); }
-    void Sizes_data();
     void Sizes();
-    void EnsureVisibleScrolls_data();
     void EnsureVisibleScrolls();
-    void WheelScrolls_data();
     void WheelScrolls();
-    void Paints_data();
-    void Paints();
     void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
     void LabelsAreMeasuredAnew();
@@ -39,147 +33,88 @@ QImage OnScreen(CTestPage& io_page, bool in_bPaintAgain = false)
 }
 } // namespace
 
-void InspectorViewTest::Sizes_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("height");
-    QTest::addColumn<int>("viewHeight");
-    QTest::addColumn<int>("maximum"); // of the scroll bar, 0 while it is hidden
-    QTest::newRow("as tall as the content") << 4 << -1 << 110 << 0;
-    QTest::newRow("as tall as nothing") << 0 << -1 << 10 << 0;
-    QTest::newRow("content fits exactly") << 4 << 110 << 110 << 0;
-    QTest::newRow("content is one pixel too tall") << 4 << 109 << 109 << 1;
-}
-
 void InspectorViewTest::Sizes()
 {
-    QFETCH(int, rows);
-    QFETCH(int, height);
-    QFETCH(int, viewHeight);
-    QFETCH(int, maximum);
-    CTestPage page;
-    for (int i = 0; i < rows; ++i)
+    const struct
     {
-        page.AddLine("row", "");
+        const char* m_strName;
+        int m_iRows, m_iHeight, m_iViewHeight;
+        int m_iMaximum; ///< of the scroll bar, 0 while it is hidden
+    } cases[] = {{"as tall as the content", 4, -1, 110, 0},
+                 {"as tall as nothing", 0, -1, 10, 0},
+                 {"content fits exactly", 4, 110, 110, 0},
+                 {"content is one pixel too tall", 4, 109, 109, 1}};
+    for (const auto& row : cases)
+    {
+        CTestPage page;
+        for (int i = 0; i < row.m_iRows; ++i)
+        {
+            page.AddLine("row", "");
+        }
+        QVERIFY(page.Open(200, 50));
+        const CTestView& view = *page.m_pView;
+        view.m_pScrollBar->setValue(10);
+        page.m_pView->ResizeInspector(300, row.m_iHeight);
+        QVERIFY2(view.size() == QSize(300, row.m_iViewHeight), row.m_strName);
+        QVERIFY2(view.m_pContentWidget->geometry() == QRect(0, 0, 280, row.m_iViewHeight), row.m_strName);
+        QVERIFY2(view.m_pScrollBar->isVisible() == (row.m_iMaximum > 0), row.m_strName);
+        QVERIFY2(view.m_iOffsetY == row.m_iMaximum && view.m_pScrollBar->value() == row.m_iMaximum, row.m_strName);
     }
-    QVERIFY(page.Open(200, 50));
-    CTestView& view = *page.m_pView;
-    view.m_pScrollBar->setValue(10);
-    view.ResizeInspector(300, height);
-    QCOMPARE(view.size(), QSize(300, viewHeight));
-    QCOMPARE(view.m_pContentWidget->geometry(), QRect(0, 0, 280, viewHeight));
-    QCOMPARE(view.m_pScrollBar->isVisible(), maximum > 0);
-    QCOMPARE(view.m_iOffsetY, maximum);
-    QCOMPARE(view.m_pScrollBar->value(), maximum);
-}
-
-void InspectorViewTest::EnsureVisibleScrolls_data()
-{
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("row"); // of 5 rows of 20 pixels, then 2 of 100; -1: one that is not in the view
-    QTest::addColumn<int>("value");
-    QTest::newRow("in sight") << 20 << 2 << 20;
-    QTest::newRow("at both edges") << 55 << 2 << 55;
-    QTest::newRow("cut off below") << 0 << 3 << 20;
-    QTest::newRow("cut off above") << 70 << 2 << 55;
-    QTest::newRow("taller than the view, below") << 0 << 5 << 150;
-    QTest::newRow("taller than the view, begins inside") << 120 << 5 << 150;
-    QTest::newRow("taller than the view, begins above") << 180 << 5 << 130;
-    QTest::newRow("not in the view") << 42 << -1 << 42;
 }
 
 void InspectorViewTest::EnsureVisibleScrolls()
 {
-    QFETCH(int, start);
-    QFETCH(int, row);
-    CTestPage page;
-    for (int i = 0; i < 5; ++i)
+    const struct
     {
-        page.AddLine("row", "");
+        const char* m_strName;
+        int m_iStart;
+        int m_iRow; ///< of 5 rows of 20 pixels, then 2 of 100; -1: one that is not in the view
+        int m_iValue;
+    } cases[] = {{"in sight", 20, 2, 20},
+                 {"at both edges", 55, 2, 55},
+                 {"cut off below", 0, 3, 20},
+                 {"cut off above", 70, 2, 55},
+                 {"taller than the view, below", 0, 5, 150},
+                 {"taller than the view, begins inside", 120, 5, 150},
+                 {"taller than the view, begins above", 180, 5, 130},
+                 {"not in the view", 42, -1, 42}};
+    CTestPage page;
+    for (int i = 0; i < 7; ++i)
+    {
+        i < 5 ? page.AddLine("row", "") : page.Add<CQTSimpleTextWidget, CSimpleDataElement>("text");
     }
-    page.Add<CQTSimpleTextWidget, CSimpleDataElement>("text");
-    page.Add<CQTSimpleTextWidget, CSimpleDataElement>("text");
     QVERIFY(page.Open(200, 80));
-    CTestView& view = *page.m_pView;
-    view.m_pScrollBar->setValue(start);
+    const QScrollBar& bar = *page.m_pView->m_pScrollBar;
     CQTSimpleBoolWidget stranger;
-    view.EnsureVisible(row < 0 ? &stranger : page.WidgetAt<CInspectorDataWidget>(row));
-    QTEST(view.m_pScrollBar->value(), "value");
-    QCOMPARE(page.WidgetAt<QWidget>(2)->y(), 55 - view.m_pScrollBar->value());
-}
-
-void InspectorViewTest::WheelScrolls_data()
-{
-    QTest::addColumn<QPoint>("position");
-    QTest::newRow("label") << QPoint(8, 15);
-    QTest::newRow("line") << QPoint(90, 15);
-    QTest::newRow("bool") << QPoint(90, 40);
-    QTest::newRow("inside the application's widget") << QPoint(60, 65);
-    QTest::newRow("text") << QPoint(90, 100);
+    for (const auto& row : cases)
+    {
+        page.m_pView->m_pScrollBar->setValue(row.m_iStart);
+        page.m_pView->EnsureVisible(row.m_iRow < 0 ? &stranger : page.WidgetAt<CInspectorDataWidget>(row.m_iRow));
+        QVERIFY2(bar.value() == row.m_iValue, row.m_strName);
+        QCOMPARE(page.WidgetAt<QWidget>(2)->y(), 55 - bar.value());
+    }
 }
 
 void InspectorViewTest::WheelScrolls()
 {
-    QFETCH(QPoint, position);
+    // a label, a line, a bool, inside the application's widget, a text
+    const QPoint positions[] = {QPoint(8, 15), QPoint(90, 15), QPoint(90, 40), QPoint(60, 65), QPoint(90, 100)};
     CTestPage page;
     page.AddLine("line", "");
     page.Add<CQTSimpleBoolWidget, CBoolDataElement>("bool");
     page.Add<CQTStaticWidget, CStaticDataElement>("nested");
     page.Add<CQTSimpleTextWidget, CSimpleDataElement>("text")->SetText("1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n");
     (new QSpinBox(page.WidgetAt<QWidget>(2)))->show();
-    QVERIFY(page.Open(200, 150));
-    QWidget* pAim = page.m_window.childAt(position);
-    QVERIFY(TestSupport::TurnWheel(pAim));
-    QVERIFY(page.m_pView->m_pScrollBar->value() >= 25); // a row and more
-    page.m_pView->ResizeInspector(200, -1);
-    QVERIFY(!TestSupport::TurnWheel(pAim)); // left to what is around the view
-}
-
-void InspectorViewTest::Paints_data()
-{
-    QTest::addColumn<int>("frame"); // the y of the frame's upper edge, -1: none
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("untitled group") << 5 << Latin("|") << "";
-    QTest::newRow("title, frame through its middle") << 12 << Latin("|") << "";
-    QTest::newRow("preview") << -1 << Latin("|=") << "";
-    QTest::newRow("hidden content") << -1 << Latin("") << "";
-    QTest::newRow("message") << -1 << Latin("") << "|||";
-}
-
-void InspectorViewTest::Paints()
-{
-    const QByteArray state(QTest::currentDataTag());
-    QFETCH(QString, label);
-    QFETCH(QString, message);
-    CTestPage page;
-    CTestView& view = *page.m_pView;
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, Qt::red);
-    view.setPalette(palette);
-    QFont font = view.font();
-    font.setStyleStrategy(QFont::NoAntialias);
-    view.setFont(font);
-    view.m_messageColor = Qt::blue;
-    view.m_strMessage = state == "message" ? "|||" : "";
-    page.m_pController->SetPreviewMode(state == "preview");
-    CInspectorView::sInspectorElement* pGroup = view.AddGroup(state == "untitled group" ? "" : "Group", nullptr);
-    page.Add<CQTSimpleBoolWidget, CBoolDataElement>("|", pGroup);
-    QVERIFY(page.Open(200, 100));
-    view.ShowContent(state != "hidden content", false);
-
-    const QImage image = Painted(&view);
-    const QRegion frame = Pixels(image, QColor(Qt::red).darker(175).rgb()) & QRect(0, 0, 200, 30);
-    QTEST(frame.isEmpty() ? -1 : frame.boundingRect().top(), "frame");
-    const int iTitleWidth = QFontMetrics(font).boundingRect(Latin("Group")).width();
-    QVERIFY(state == "untitled group" || !frame.intersects(QRect(11, 0, iTitleWidth - 2, 20)));
-    const QWidget* pControl = page.WidgetAt<QWidget>(0);
-    const QRegion labels = Pixels(image, qRgb(255, 0, 0)) & QRect(0, pControl->y(), pControl->x(), 20);
-    QVERIFY(qAbs(labels.boundingRect().width() - QFontMetrics(font).boundingRect(label).width()) <= 1);
-    QVERIFY(label.isEmpty() || qAbs(labels.boundingRect().center().y() - pControl->geometry().center().y()) <= 2);
-    const QRect ink = Pixels(image, qRgb(0, 0, 255)).boundingRect();
-    QVERIFY(qAbs(ink.width() - QFontMetrics(font).boundingRect(message).width()) <= 1);
-    QVERIFY(ink.isEmpty() || qAbs(ink.center().y() - 50) <= 2);
+    for (const QPoint& position : positions)
+    {
+        QVERIFY(page.Open(200, 150));
+        page.m_pView->m_pScrollBar->setValue(0);
+        QWidget* pAim = page.m_window.childAt(position);
+        QVERIFY(TestSupport::TurnWheel(pAim));
+        QVERIFY(page.m_pView->m_pScrollBar->value() >= 25); // a row and more
+        page.m_pView->ResizeInspector(200, -1);
+        QVERIFY(!TestSupport::TurnWheel(pAim)); // left to what is around the view
+    }
 }
 
 void InspectorViewTest::ScreenFollowsValues()

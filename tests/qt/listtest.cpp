@@ -87,10 +87,8 @@ class ListTest : public QObject
 
 private slots:
     void initTestCase();
-    void Choices_data();
     void Choices();
     void LentDefinition();
-    void Geometry_data();
     void Geometry();
     void Editing_data();
     void Editing();
@@ -106,120 +104,112 @@ void ListTest::initTestCase()
     QVERIFY(CWorkedPage::Platform() == eWayland || TestSupport::ShowWindow(&m_other));
 }
 
-void ListTest::Choices_data()
-{
-    QTest::addColumn<QString>("added"); ///< value=display, or "clear"
-    QTest::addColumn<int>("method");
-    QTest::addColumn<QString>("choices"); ///< value=display=what the look-up gives
-    QTest::newRow("by value, byte by byte") << "b=1 B=2 10=3 a=4 9=5" << 0 << "10=3=3 9=5=5 B=2=2 a=4=4 b=1=1";
-    QTest::newRow("by display, byte by byte")
-        << "1=b 2=B 3=\xC3\xA9 4=a" << 1 << "2=B=B 4=a=a 1=b=b 3=\xC3\xA9=\xC3\xA9";
-    QTest::newRow("as added, doubles too") << "b=1 a=2 b=3" << 2 << "b=1=3 a=2=2 b=3=3";
-    QTest::newRow("by number, 0 without one") << "10=1 9=2 x=3 -1=4" << 3 << "-1=4=4 x=3=3 9=2=2 10=1=1";
-    QTest::newRow("by number, cut to 32 bits")
-        << "2=1 4294967297=2 2147483648=3" << 3 << "2147483648=3=3 4294967297=2=2 2=1=1";
-    QTest::newRow("another method: as added") << "b=1 a=2" << 7 << "b=1=1 a=2=2";
-    QTest::newRow("cleared: offered, but not found") << "b=1 clear a=2" << 2 << "b=1= a=2=2";
-    QTest::newRow("none") << "" << 0 << "";
-}
-
 void ListTest::Choices()
 {
-    QFETCH(QString, added);
-    QFETCH(int, method);
-    QFETCH(QString, choices);
-    sDefinition definition;
-    const QStringList words = added.split(QLatin1Char(' '));
-    for (const QString& strWord : words)
+    const struct
     {
-        const QStringList texts = strWord.split(QLatin1Char('='));
-        if (texts.size() == 2)
-        {
-            definition.AddItem(texts[0].toUtf8().constData(), texts[1].toUtf8().constData());
-        }
-        else
-        {
-            definition.Clear();
-        }
-    }
-    std::vector<sDefinition::sEnumItem> items(3);
-    definition.GetAllItems(CEnumDataElement::eSortingMethod(method), items);
-    QStringList found;
-    for (const sDefinition::sEnumItem& item : items)
+        const char* m_strName;
+        const char* m_strAdded; ///< value=display, or "clear"
+        int m_iMethod;
+        const char* m_strChoices; ///< value=display=what the look-up gives
+    } cases[] = {
+        {"by value, byte by byte", "b=1 B=2 10=3 a=4 9=5", 0, "10=3=3 9=5=5 B=2=2 a=4=4 b=1=1"},
+        {"by display, byte by byte", "1=b 2=B 3=\xC3\xA9 4=a", 1, "2=B=B 4=a=a 1=b=b 3=\xC3\xA9=\xC3\xA9"},
+        {"as added, doubles too", "b=1 a=2 b=3", 2, "b=1=3 a=2=2 b=3=3"},
+        {"by number, 0 without one", "10=1 9=2 x=3 -1=4", 3, "-1=4=4 x=3=3 9=2=2 10=1=1"},
+        {"by number, cut to 32 bits", "2=1 4294967297=2 2147483648=3", 3, "2147483648=3=3 4294967297=2=2 2=1=1"},
+        {"another method: as added", "b=1 a=2", 7, "b=1=1 a=2=2"},
+        {"cleared: offered, but not found", "b=1 clear a=2", 2, "b=1= a=2=2"},
+        {"none", "", 0, ""},
+    };
+    for (const auto& row : cases)
     {
-        const std::string strWord = item.value + "=" + item.display + "=" + definition.GetDisplayFromValue(item.value);
-        found << QString::fromUtf8(strWord.c_str());
+        sDefinition definition;
+        std::istringstream words(row.m_strAdded);
+        for (std::string strWord; words >> strWord;)
+        {
+            const std::size_t uSign = strWord.find('=');
+            uSign == std::string::npos
+                ? definition.Clear()
+                : definition.AddItem(strWord.substr(0, uSign).c_str(), strWord.c_str() + uSign + 1);
+        }
+        std::vector<sDefinition::sEnumItem> items(3);
+        definition.GetAllItems(CEnumDataElement::eSortingMethod(row.m_iMethod), items);
+        std::string strFound;
+        for (const sDefinition::sEnumItem& item : items)
+        {
+            strFound += (strFound.empty() ? "" : " ") + item.value + "=" + item.display + "=" +
+                        definition.GetDisplayFromValue(item.value);
+        }
+        QVERIFY2(strFound == row.m_strChoices, row.m_strName);
     }
-    QCOMPARE(found.join(QLatin1String(" ")), choices);
 }
 
 void ListTest::LentDefinition()
 {
-    const auto display = [](CEnumDataElement& in_element) {
+    const auto shows = [](CEnumDataElement& in_element, const char* in_strDisplay) {
         std::string strDisplay = "stale";
         in_element.GetDisplayString("1", strDisplay);
-        return strDisplay;
+        return strDisplay == in_strDisplay;
     };
     sDefinition lent;
     CEnumDataElement first;
     {
         CEnumDataElement second;
         first.AddEnum("1", "Lost");
-        QVERIFY(display(first).empty());
+        QVERIFY(shows(first, ""));
         first.CreateEnum();
         first.SetExternalEnum(&lent);
         second.SetExternalEnum(&lent);
         second.AddEnum("1", "One");
-        QVERIFY(display(first) == "One");
+        QVERIFY(shows(first, "One"));
         second.CreateEnum();
-        QVERIFY(display(second).empty() && display(first) == "One");
+        QVERIFY(shows(second, "") && shows(first, "One"));
         second.SetExternalEnum(&lent);
     }
-    QVERIFY(display(first) == "One");
+    QVERIFY(shows(first, "One"));
     first.ClearEnum();
     QVERIFY(lent.GetDisplayFromValue("1").empty());
     first.SetExternalEnum(nullptr);
-    QVERIFY(display(first).empty());
-}
-
-void ListTest::Geometry_data()
-{
-    QTest::addColumn<QRect>("widget"); ///< a negative place counts from the desktop's right or lower edge
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("rowHeight");
-    QTest::addColumn<QRect>("list");
-    QTest::newRow("rows lower than the widget") << QRect(50, 50, 120, 20) << 1 << 12 << QRect(50, 70, 120, 20);
-    QTest::newRow("rows as high as the widget") << QRect(50, 50, 120, 20) << 2 << 10 << QRect(50, 70, 120, 20);
-    QTest::newRow("rows higher than the widget") << QRect(50, 50, 120, 20) << 3 << 7 << QRect(50, 70, 120, 27);
-    QTest::newRow("at most 15 rows") << QRect(50, 50, 120, 20) << 40 << 16 << QRect(50, 70, 120, 246);
-    QTest::newRow("at least 100 wide") << QRect(50, 50, 60, 20) << 3 << 16 << QRect(50, 70, 100, 54);
-    QTest::newRow("just on the desktop") << QRect(-119, -73, 120, 20) << 3 << 16 << QRect(-119, -53, 120, 54);
-    QTest::newRow("below the desktop") << QRect(50, -50, 120, 20) << 3 << 16 << QRect(50, -53, 120, 54);
-    QTest::newRow("right of the desktop") << QRect(-50, 50, 60, 20) << 3 << 16 << QRect(-99, 70, 100, 54);
+    QVERIFY(shows(first, ""));
 }
 
 void ListTest::Geometry()
 {
-    QFETCH(QRect, widget);
-    QFETCH(int, rows);
-    QFETCH(int, rowHeight);
-    QFETCH(QRect, list);
-    const QRect desktop = TestSupport::DesktopRect();
+    const struct
+    {
+        const char* m_strName;
+        QRect m_widget; ///< a negative place counts from the desktop's right or lower edge
+        int m_iRows, m_iRowHeight;
+        QRect m_list;
+    } cases[] = {
+        {"rows lower than the widget", QRect(50, 50, 120, 20), 1, 12, QRect(50, 70, 120, 20)},
+        {"rows as high as the widget", QRect(50, 50, 120, 20), 2, 10, QRect(50, 70, 120, 20)},
+        {"rows higher than the widget", QRect(50, 50, 120, 20), 3, 7, QRect(50, 70, 120, 27)},
+        {"at most 15 rows", QRect(50, 50, 120, 20), 40, 16, QRect(50, 70, 120, 246)},
+        {"at least 100 wide", QRect(50, 50, 60, 20), 3, 16, QRect(50, 70, 100, 54)},
+        {"just on the desktop", QRect(-119, -73, 120, 20), 3, 16, QRect(-119, -53, 120, 54)},
+        {"below the desktop", QRect(50, -50, 120, 20), 3, 16, QRect(50, -53, 120, 54)},
+        {"right of the desktop", QRect(-50, 50, 60, 20), 3, 16, QRect(-99, 70, 100, 54)},
+    };
+    const QSize desktop = InspectorQt::DesktopRect().size();
     const auto onDesktop = [&desktop](const QRect& in_rect) {
         return in_rect.translated(in_rect.x() < 0 ? desktop.width() : 0, in_rect.y() < 0 ? desktop.height() : 0);
     };
-    CInPlaceList shown;
-    shown.AddItem(nullptr, "no value");
-    shown.AddItem("no display", nullptr);
-    for (int iRow = 0; iRow < rows; ++iRow)
+    for (const auto& row : cases)
     {
-        shown.AddItem("2", "Two");
-        shown.item(iRow)->setSizeHint(QSize(10, rowHeight));
+        CInPlaceList list;
+        list.AddItem(nullptr, "no value");
+        list.AddItem("no display", nullptr);
+        for (int iRow = 0; iRow < row.m_iRows; ++iRow)
+        {
+            list.AddItem("2", "Two");
+            list.item(iRow)->setSizeHint(QSize(10, row.m_iRowHeight));
+        }
+        list.InPlaceEdit(&m_other, "2", onDesktop(row.m_widget).translated(-m_other.mapToGlobal(QPoint())));
+        QVERIFY2(list.count() == row.m_iRows && list.currentRow() == 0, row.m_strName);
+        QVERIFY2(list.geometry() == onDesktop(row.m_list), row.m_strName);
     }
-    shown.InPlaceEdit(&m_other, "2", onDesktop(widget).translated(-m_other.mapToGlobal(QPoint())));
-    QCOMPARE(shown.count(), rows);
-    QCOMPARE(shown.currentRow(), 0);
-    QCOMPARE(shown.geometry(), onDesktop(list));
 }
 
 void ListTest::Editing_data()

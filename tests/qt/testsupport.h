@@ -2,17 +2,10 @@
 #define TESTSUPPORT_H
 
 #include "inspectorcontroller.h"
+#include "inspectorqt.h"
 #include "qtinspectorview.h"
 #include "qtsimpledataelement.h"
 #include "qtsimpledatawidget.h"
-
-#include <QtGlobal>
-
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-#include <QtWidgets>
-#else
-#include <QtGui>
-#endif
 
 #include <QtTest>
 
@@ -57,26 +50,18 @@ inline void FailOnMessage(QtMsgType in_eType, const QString& in_strMessage)
     }
 }
 
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-inline void HandleMessage(QtMsgType in_eType, const QMessageLogContext&, const QString& in_strMessage)
-{
-    FailOnMessage(in_eType, in_strMessage);
-}
-#else
-inline void HandleMessage(QtMsgType in_eType, const char* in_strMessage)
-{
-    FailOnMessage(in_eType, QString::fromLocal8Bit(in_strMessage));
-}
-#endif
-
 /// Call it in initTestCase (QTest puts in a handler of its own before): from there on a warning fails the
 /// test that is running.
 inline void FailOnWarnings()
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    qInstallMessageHandler(HandleMessage);
+    qInstallMessageHandler([](QtMsgType in_eType, const QMessageLogContext&, const QString& in_strMessage) {
+        FailOnMessage(in_eType, in_strMessage);
+    });
 #else
-    qInstallMsgHandler(HandleMessage);
+    qInstallMsgHandler([](QtMsgType in_eType, const char* in_strMessage) {
+        FailOnMessage(in_eType, QString::fromLocal8Bit(in_strMessage));
+    });
 #endif
 }
 
@@ -92,27 +77,14 @@ template <class Condition> bool WaitUntil(Condition in_condition)
     return in_condition();
 }
 
-inline QRect DesktopRect()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    return QGuiApplication::primaryScreen()->virtualGeometry();
-#else
-    return QApplication::desktop()->rect();
-#endif
-}
-
 /// Shows a window and waits until it is on the screen and active.
 inline bool ShowWindow(QWidget* in_pWindow)
 {
     in_pWindow->show();
+    InspectorQt::Activate(in_pWindow);
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    if (QGuiApplication::platformName() != QLatin1String("wayland"))
-    {
-        in_pWindow->activateWindow();
-    }
     const bool bShown = QTest::qWaitForWindowExposed(in_pWindow);
 #else
-    in_pWindow->activateWindow();
     const bool bShown = QTest::qWaitForWindowShown(in_pWindow);
 #endif
     return bShown && WaitUntil([in_pWindow] { return QApplication::activeWindow() == in_pWindow; });

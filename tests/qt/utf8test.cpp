@@ -24,6 +24,14 @@ private:
     void drawTextItem(const QPointF&, const QTextItem& in_item) override { m_strDrawn += in_item.text(); }
     Type type() const override { return User; }
 };
+
+/// How often a page draws a text.
+int Drawn(CTestPage& io_page, const QString& in_strText)
+{
+    CTextCatcher catcher;
+    io_page.m_pView->render(&catcher, QPoint(), QRegion(), QWidget::DrawChildren);
+    return static_cast<int>(catcher.m_strDrawn.count(in_strText));
+}
 } // namespace
 
 /// The switch is for the whole process, hence a program of its own.
@@ -33,61 +41,51 @@ class Utf8Test : public QObject
 
 private slots:
     void initTestCase() { TestSupport::FailOnWarnings(); }
-    void Texts_data();
     void Texts();
 };
 
-void Utf8Test::Texts_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("accents") << QByteArray("d\xC3\xA9j\xC3\xA0");
-    QTest::newRow("Greek") << QByteArray("\xCF\x86\xCF\x8E\xCF\x82");
-    QTest::newRow("Cyrillic") << QByteArray("\xD1\x81\xD0\xB2\xD0\xB5\xD1\x82");
-    QTest::newRow("Chinese") << QByteArray("\xE7\x81\xAF\xE5\x85\x89");
-    QTest::newRow("Arabic") << QByteArray("\xD8\xB6\xD9\x88\xD8\xA1");
-    QTest::newRow("beyond 16 bits") << QByteArray("\xF0\x9F\x92\xA1");
-}
-
 void Utf8Test::Texts()
 {
-    QFETCH(QByteArray, text);
-    const QString strText = QString::fromUtf8(text.constData());
-    CTestPage page;
-    CInspectorView::sInspectorElement* pGroup = page.m_pView->AddGroup(text.constData(), nullptr);
-    page.Add<CQTSimpleDataWidget, CSimpleDataElement>(text.constData(), pGroup)->SetText(text.constData());
-    page.Add<CQTSimpleTextWidget, CSimpleDataElement>(text.constData(), pGroup)->SetText(text.constData());
-    page.Add<CQTStaticWidget, CStaticDataElement>("", pGroup)->m_strText = text.constData();
-    page.Add<CQTButtonWidget, CButtonDataElement>("", pGroup)->m_strCaption = text.constData();
-    CTestElement<CEnumDataElement>* pChoice = page.Add<CQTEnumDataWidget, CEnumDataElement>(text.constData(), pGroup);
-    pChoice->CreateEnum();
-    pChoice->AddEnum(text.constData(), text.constData());
-    pChoice->SetText(text.constData());
-    QVERIFY(page.Open(320, 400));
-    const auto drawn = [&page, &strText] {
-        CTextCatcher catcher;
-        page.m_pView->render(&catcher, QPoint(), QRegion(), QWidget::DrawChildren);
-        return catcher.m_strDrawn.count(strText);
-    };
-    QCOMPARE(int(drawn()), 9); // a title, three labels, five values
-    page.m_pView->m_strMessage = text.constData();
-    QCOMPARE(int(drawn()), 6);
+    // accents, Greek, Cyrillic, Chinese, Arabic, beyond 16 bits
+    const std::string texts[] = {
+        "d\xC3\xA9j\xC3\xA0",       "\xCF\x86\xCF\x8E\xCF\x82", "\xD1\x81\xD0\xB2\xD0\xB5\xD1\x82",
+        "\xE7\x81\xAF\xE5\x85\x89", "\xD8\xB6\xD9\x88\xD8\xA1", "\xF0\x9F\x92\xA1"};
+    for (const std::string& strBytes : texts)
+    {
+        const char* str = strBytes.c_str();
+        const QString strText = QString::fromUtf8(str);
+        CTestPage page;
+        CInspectorView::sInspectorElement* pGroup = page.m_pView->AddGroup(str, nullptr);
+        page.AddLine(str, strBytes, pGroup);
+        page.Add<CQTSimpleTextWidget, CSimpleDataElement>(str, pGroup)->SetText(strBytes);
+        page.Add<CQTStaticWidget, CStaticDataElement>("", pGroup)->m_strText = strBytes;
+        page.Add<CQTButtonWidget, CButtonDataElement>("", pGroup)->m_strCaption = strBytes;
+        CTestElement<CEnumDataElement>* pChoice = page.Add<CQTEnumDataWidget, CEnumDataElement>(str, pGroup);
+        pChoice->CreateEnum();
+        pChoice->AddEnum(str, str);
+        pChoice->SetText(strBytes);
+        QVERIFY(page.Open(320, 400));
+        QCOMPARE(Drawn(page, strText), 9); // a title, three labels, five values
+        page.m_pView->m_strMessage = strBytes;
+        QCOMPARE(Drawn(page, strText), 6);
 
-    QTest::mouseClick(page.WidgetAt<QWidget>(0), Qt::LeftButton);
-    QCOMPARE(CQTSimpleDataWidget::g_pInPlace->text(), strText);
-    QInputMethodEvent typed;
-    typed.setCommitString(strText + strText);
-    QApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &typed);
-    QTest::keyClick(CQTSimpleDataWidget::g_pInPlace, Qt::Key_Return);
-    page.WidgetAt<QWidget>(1)->setFocus();
-    QApplication::sendEvent(page.WidgetAt<QWidget>(1), &typed);
-    page.WidgetAt<QWidget>(1)->clearFocus();
-    QTest::mouseClick(page.WidgetAt<QWidget>(4), Qt::LeftButton);
-    QCOMPARE(CQTEnumDataWidget::g_pInPlaceList->currentItem()->text(), strText);
-    pChoice->SetText("");
-    CQTEnumDataWidget::g_pInPlaceList->OnItemClicked(CQTEnumDataWidget::g_pInPlaceList->currentItem());
-    const QByteArray once = text + "=" + text;
-    const QByteArray log = once + text + " " + text + ":1 " + once + text + text + " " + once + " " + text + ":4";
-    QCOMPARE(page.m_log.Text().toLatin1(), log);
+        QInputMethodEvent typed;
+        typed.setCommitString(strText + strText);
+        page.WidgetAt<CQTSimpleDataWidget>(0)->StartEditing();
+        QApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &typed);
+        CQTSimpleDataWidget::g_pInPlace->OnFinishEditing();
+        page.WidgetAt<QWidget>(1)->setFocus();
+        QApplication::sendEvent(page.WidgetAt<QWidget>(1), &typed);
+        page.WidgetAt<QWidget>(1)->clearFocus();
+        QTest::mouseClick(page.WidgetAt<QWidget>(4), Qt::LeftButton);
+        QListWidgetItem* pShown = CQTEnumDataWidget::g_pInPlaceList->currentItem();
+        QCOMPARE(pShown->text(), strText);
+        pChoice->SetText("");
+        CQTEnumDataWidget::g_pInPlaceList->OnItemClicked(pShown);
+        const std::string strOnce = strBytes + "=" + strBytes;
+        QCOMPARE(page.m_log.Text(), TestSupport::Latin(strOnce + strBytes + " " + strBytes + ":4 " + strOnce +
+                                                       strBytes + strBytes + " " + strOnce + " " + strBytes + ":4"));
+    }
 }
 
 int main(int in_iCount, char** in_pArguments)

@@ -96,16 +96,10 @@ public:
 protected:
     void Key(const std::string& in_strKey)
     {
-        static const std::map<std::string, int> keys = {{"Escape", Qt::Key_Escape},
-                                                        {"Return", Qt::Key_Return},
-                                                        {"KP_Enter", Qt::Key_Enter},
-                                                        {"Tab", Qt::Key_Tab},
-                                                        {"shift+Tab", Qt::Key_Tab},
-                                                        {"ISO_Left_Tab", Qt::Key_Backtab},
-                                                        {"Down", Qt::Key_Down},
-                                                        {"x", Qt::Key_X},
-                                                        {"y", Qt::Key_Y},
-                                                        {"z", Qt::Key_Z}};
+        static const std::map<std::string, int> keys = {{"Escape", Qt::Key_Escape},  {"Return", Qt::Key_Return},
+                                                        {"KP_Enter", Qt::Key_Enter}, {"Tab", Qt::Key_Tab},
+                                                        {"shift+Tab", Qt::Key_Tab},  {"ISO_Left_Tab", Qt::Key_Backtab},
+                                                        {"Down", Qt::Key_Down}};
         const int iBefore = m_counts[QEvent::KeyPress];
         if (IsReal()) // a compositor lets a pop-up open only while the key is down
         {
@@ -115,7 +109,8 @@ protected:
             return;
         }
         QWidget* pMenu = QApplication::activePopupWidget();
-        QTest::keyClick(pMenu ? pMenu : QApplication::focusWidget(), Qt::Key(keys.at(in_strKey)),
+        const int iKey = in_strKey.size() == 1 ? QTest::asciiToKey(in_strKey[0]) : keys.at(in_strKey);
+        QTest::keyClick(pMenu ? pMenu : QApplication::focusWidget(), Qt::Key(iKey),
                         in_strKey == "shift+Tab" ? Qt::ShiftModifier : Qt::NoModifier);
         Rest(QEvent::KeyPress, iBefore, in_strKey);
     }
@@ -124,16 +119,18 @@ protected:
     void Click(QWidget* in_pWidget, const QPoint& in_position, Qt::MouseButton in_eButton = Qt::LeftButton)
     {
         const int iBefore = m_counts[QEvent::MouseButtonRelease];
-        if (!IsReal())
+        if (IsReal())
+        {
+            const std::map<Qt::MouseButton, int> numbers{
+                {Qt::LeftButton, 1}, {Qt::MiddleButton, 2}, {Qt::RightButton, 3}};
+            DriveIn(in_pWidget, in_position, numbers.at(in_eButton));
+        }
+        else
         {
             in_pWidget->window()->activateWindow();
             QCoreApplication::processEvents();
+            TestSupport::ClickThroughWindow(in_pWidget, in_eButton, in_position);
         }
-        IsReal() ? DriveIn(in_pWidget, in_position,
-                           in_eButton == Qt::LeftButton    ? 1
-                           : in_eButton == Qt::RightButton ? 3
-                                                           : 2)
-                 : TestSupport::ClickThroughWindow(in_pWidget, in_eButton, in_position);
         Rest(QEvent::MouseButtonRelease, iBefore, "a click");
     }
 
@@ -198,15 +195,9 @@ private:
     void Act(const std::string& in_strWord)
     {
         const std::size_t uDigits = in_strWord.find_first_of("0123456789");
+        const int iRow = uDigits == std::string::npos ? 0 : std::stoi(in_strWord.substr(uDigits));
         const auto it = m_acts.find(in_strWord.substr(0, uDigits));
-        if (it == m_acts.end())
-        {
-            Key(in_strWord);
-        }
-        else
-        {
-            it->second(uDigits == std::string::npos ? 0 : std::stoi(in_strWord.substr(uDigits)));
-        }
+        it == m_acts.end() ? Key(in_strWord) : it->second(iRow);
     }
 
     static void Drive(const std::string& in_strCommand)
