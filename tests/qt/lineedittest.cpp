@@ -7,14 +7,10 @@ namespace
 class CLinePage : public CWorkedPage
 {
 public:
-    /// \param in_strRows L a line, R a read-only one, B a bool, T a long text, (...) a single-line container; M: a
-    /// modal window
+    /// \param in_strRows L a line, R a read-only one, B a bool, T a long text, (...) a single-line container
     CLinePage(const QString& in_strRows, QWidget* in_pOther) : CWorkedPage(in_pOther)
     {
-        for (const QChar row : in_strRows)
-        {
-            AddRow(row.toLatin1());
-        }
+        AddRows(in_strRows);
         const QKeySequence keys[] = {Qt::Key_Escape, Qt::Key_Return,  Qt::Key_Enter,
                                      Qt::Key_Tab,    Qt::Key_Backtab, Qt::SHIFT | Qt::Key_Backtab};
         for (const QKeySequence& key : keys)
@@ -29,38 +25,21 @@ public:
 
     static CInPlaceEdit* Editor() { return CQTSimpleDataWidget::g_pInPlace; }
 
-    /// "@name=text" of the row that the editor lies over, ready for keys.
-    QString Editing() const override
-    {
-        const CInPlaceEdit* pEdit = Editor();
-        if (!pEdit || pEdit->isHidden())
-        {
-            return QString();
-        }
-        for (int iRow = 0; iRow < m_iRows && IsReady(pEdit); ++iRow)
-        {
-            if (RowRect(iRow) == pEdit->geometry())
-            {
-                return Latin("@" + std::to_string(iRow) + "=") + pEdit->text();
-            }
-        }
-        return QLatin1String("@astray");
-    }
-
     std::map<int, CTestElement<CSimpleDataElement>*> m_lines;
 
 private:
     /// What is to be aimed at: the X server finds the editor over a row by itself.
     QWidget* OnScreen(int in_iRow) const { return IsReal() ? WidgetAt<QWidget>(in_iRow) : Editor(); }
 
-    void AddRow(char in_cRow)
+    QWidget* SharedEditor() const override { return Editor(); }
+    QRect EditorRect(const QRect& in_row) const override { return in_row; }
+    QString EditedText() const override { return Editor()->text(); }
+
+    void AddRow(char in_cRow) override
     {
         const std::string strName = std::to_string(m_iRows);
         switch (in_cRow)
         {
-        case 'M':
-            m_window.setWindowModality(Qt::ApplicationModal);
-            return;
         case '(':
             m_pContainer = m_pView->AddSingleLineContainer("", nullptr, nullptr);
             return;
@@ -90,7 +69,7 @@ class LineEditTest : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() { QVERIFY(PrepareOther(m_other)); }
     void Editing_data();
     void Editing();
     void UnchangedTextStays();
@@ -99,13 +78,6 @@ private slots:
 private:
     QWidget m_other;
 };
-
-void LineEditTest::initTestCase()
-{
-    TestSupport::FailOnWarnings();
-    m_other.setGeometry(600, 100, 150, 80);
-    QVERIFY(CWorkedPage::Platform() == eWayland || TestSupport::ShowWindow(&m_other));
-}
 
 void LineEditTest::Editing_data()
 {

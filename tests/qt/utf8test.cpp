@@ -20,7 +20,6 @@ private:
     void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
     void drawPath(const QPainterPath&) override {}
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
-    void drawPolygon(const QPoint*, int, PolygonDrawMode) override {}
     void drawTextItem(const QPointF&, const QTextItem& in_item) override { m_strDrawn += in_item.text(); }
     Type type() const override { return User; }
 };

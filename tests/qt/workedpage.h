@@ -74,8 +74,23 @@ public:
         return (m_log.Text() + QLatin1Char(' ') + Editing()).trimmed();
     }
 
-    /// The row that the shared editor is open for, empty for none.
-    virtual QString Editing() const = 0;
+    /// "@name=text" of the row that the shared editor is open for, ready for keys; empty when it is closed.
+    QString Editing() const
+    {
+        const QWidget* pEditor = SharedEditor();
+        if (!pEditor || pEditor->isHidden())
+        {
+            return QString();
+        }
+        for (int iRow = 0; iRow < m_iRows && IsReady(pEditor); ++iRow)
+        {
+            if (EditorRect(RowRect(iRow)) == pEditor->geometry())
+            {
+                return TestSupport::Latin("@" + std::to_string(iRow) + "=") + EditedText();
+            }
+        }
+        return QLatin1String("@astray");
+    }
 
     /// Acts word by word: the name of an act and a row's number, or else a key as the X server names it. "when:word" is
     /// put off until the application is told of a changed value.
@@ -94,6 +109,20 @@ public:
     }
 
 protected:
+    virtual QWidget* SharedEditor() const = 0; ///< null when there is none
+    virtual QRect EditorRect(const QRect& in_row) const = 0;
+    virtual QString EditedText() const = 0;
+    virtual void AddRow(char in_cRow) = 0;
+
+    /// A row by each letter; M: in a modal window.
+    void AddRows(const QString& in_strRows)
+    {
+        for (const QChar row : in_strRows)
+        {
+            row == QLatin1Char('M') ? m_window.setWindowModality(Qt::ApplicationModal) : AddRow(row.toLatin1());
+        }
+    }
+
     void Key(const std::string& in_strKey)
     {
         static const std::map<std::string, int> keys = {{"Escape", Qt::Key_Escape},  {"Return", Qt::Key_Return},
@@ -284,6 +313,14 @@ private:
 
     QWidget* m_pOther;
 };
+
+/// To be called in initTestCase.
+inline bool PrepareOther(QWidget& io_other)
+{
+    TestSupport::FailOnWarnings();
+    io_other.setGeometry(600, 100, 150, 80);
+    return CWorkedPage::Platform() == eWayland || TestSupport::ShowWindow(&io_other);
+}
 
 /// The rows of a test function that calls RunCase: those for this platform.
 template <std::size_t Count> void AddCases(const sCase (&in_cases)[Count])
