@@ -147,7 +147,7 @@ tResults Measuring::Run(const sPlan& in_plan)
     tResults results;
     for (int iRows : in_plan.sizes)
     {
-        for (int i = 0; i < in_plan.RepetitionsFor(iRows); ++i)
+        for (int i = 0; i < in_plan.iRepetitions; ++i)
         {
             for (const sSubject& subject : g_subjects)
             {

@@ -12,9 +12,6 @@ struct sPlan
     int iRepetitions = 15;
     std::string strCase;
     std::string strSubject;
-
-    /// A hand-written page of many rows takes long.
-    int RepetitionsFor(int in_iRows) const { return in_iRows > 3000 && iRepetitions > 7 ? 7 : iRepetitions; }
 };
 
 /// One value per repetition: microseconds of processor time, of the case "heap" bytes per row.

@@ -122,7 +122,7 @@ QString Report::Text(const tResults& in_results, const sPlan& in_plan)
     {
         strText += QStringLiteral("\n### %1 rows, %2 repetitions, µs, heap in bytes per row (ratio to %3)\n")
                        .arg(size.first)
-                       .arg(in_plan.RepetitionsFor(size.first))
+                       .arg(in_plan.iRepetitions)
                        .arg(QString::fromLatin1(Measuring::g_strReference));
         strText += Head();
         for (const std::string& strCase : Measuring::CaseNames())
