@@ -114,7 +114,9 @@ public:
     void DeleteView()
     {
         CTestView* pView = std::exchange(m_pView, nullptr);
-        const bool bActivation = pView && pView->isWindow() && (pView->m_bShowContent || m_other.isVisible());
+        const bool bFocus = pView && pView->isAncestorOf(QApplication::focusWidget());
+        const bool bActivation =
+            pView && pView->isWindow() && (pView->m_bShowContent || m_other.isVisible() || !bFocus);
         bActivation || (pView && pView->testAttribute(Qt::WA_WState_InPaintEvent)) ? pView->deleteLater()
                                                                                    : delete pView;
     }
@@ -176,13 +178,15 @@ public:
     std::string RowsAt(const QWidget& in_widget) const
     {
         std::string strRows;
+        // Qt moves no window that has no size, which a row in hidden content gives its editor.
+        const QPoint origin = in_widget.isWindow() ? in_widget.geometry().topLeft() : in_widget.mapToGlobal(QPoint());
         const QObjectList widgets = m_pView ? m_pView->m_pContentWidget->children() : QObjectList();
         for (const QObject* pObject : widgets)
         {
             const QWidget* p = qobject_cast<const QWidget*>(pObject);
             const bool bList = &in_widget == CQTEnumDataWidget::g_pInPlaceList.get();
             const QPoint place = p->mapToGlobal(QPoint(0, bList ? p->height() : 0));
-            const bool bHere = (place - in_widget.mapToGlobal(QPoint())).manhattanLength() <= 4; // frames
+            const bool bHere = (place - origin).manhattanLength() <= 4; // frames
             const bool bInSight = p->isVisible() && (!p->visibleRegion().isEmpty() || p->size().isEmpty());
             strRows.append(bHere && bInSight ? 1 : 0, p->objectName().at(0).toLatin1());
         }
