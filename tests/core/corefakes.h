@@ -16,7 +16,7 @@ typedef CInspectorView::sInspectorElement sNode;
 typedef CInspectorView::sInspectorHolder sHolder;
 typedef CInspectorController::sInspectorControllerData sItem;
 
-/// What happened, in order, and how many fakes are alive.
+/// What happened, in order.
 struct sJournal
 {
     void Note(const std::string& in_strEntry) { strLog += (strLog.empty() ? "" : " ") + in_strEntry; }
@@ -30,21 +30,13 @@ struct sJournal
     }
 
     std::string strLog;
-    int iLive = 0;
 };
 
-/// Anything that must be destroyed exactly once.
+/// Anything that is destroyed by the library.
 template <class Base> struct CFake : Base
 {
-    CFake(sJournal& io_journal, const std::string& in_strName) : m_journal(io_journal), m_strName(in_strName)
-    {
-        ++m_journal.iLive;
-    }
-    ~CFake() override
-    {
-        --m_journal.iLive;
-        m_journal.Act("~" + m_strName, m_onDestroy);
-    }
+    CFake(sJournal& io_journal, const std::string& in_strName) : m_journal(io_journal), m_strName(in_strName) {}
+    ~CFake() override { m_journal.Act("~" + m_strName, m_onDestroy); }
 
     sJournal& m_journal;
     std::string m_strName;
@@ -199,7 +191,6 @@ struct CFakeController : CInspectorController
     explicit CFakeController(sJournal& io_journal) : m_journal(io_journal) {}
 
     using CInspectorController::m_dirtyController;
-    using CInspectorController::m_dirtyItems;
     using CInspectorController::m_items;
     using CInspectorController::m_pView;
 
@@ -230,14 +221,9 @@ struct CPage
         std::istringstream words(in_strTree);
         for (std::string strWord; words >> strWord;)
         {
-            if (strWord == "}" || strWord == "]")
-            {
-                open.pop_back();
-            }
-            else if (sNode* pNode = Add(strWord, open.back()))
-            {
-                open.push_back(pNode);
-            }
+            const bool bEnd = strWord == "}" || strWord == "]";
+            sNode* pNode = bEnd ? nullptr : Add(strWord, open.back());
+            bEnd ? open.pop_back() : pNode ? open.push_back(pNode) : void();
         }
     }
 
