@@ -20,7 +20,7 @@ void Step(CLivePage& io_page, CChoices& io_choices)
     const int iWhen = io_choices.Pick(2 * ePlaces);
     const sAct& act = *io_choices.Any(iWhen < ePlaces ? io_page.m_calls : *kinds[iWhen % 4]);
     const std::function<void()> doIt = [&io_page, &act] {
-        act.m_eHarm == eLoops ? io_page.Unhook() : void(); // Qt goes on with what a report's event loop would destroy
+        act.m_iHarm == 2 ? io_page.Unhook() : void(); // Qt goes on with what a report's event loop would destroy
         io_page.Do(act);
     };
     iWhen < ePlaces ? void(io_page.m_log.m_hooks[iWhen] = doIt) : doIt();
@@ -36,14 +36,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* in_pBytes, std::size_t
     pApplication->setQuitOnLastWindowClosed(false);
     {
         CLivePage page;
-        page.CTestPage::Open(320, 380);
         for (CChoices choices(in_pBytes, in_uSize); !choices.IsAtEnd();)
         {
             Step(page, choices);
             page.Settle();
             Require(page.Fault());
         }
-        Require(page.NextEdit() ? page.Fault() : "no further edit");
+        Require(page.NextEdit());
     }
     CLivePage::Settle();
     Require(CQTSimpleDataWidget::g_pInPlace || CQTEnumDataWidget::g_pInPlaceList ? "a shared editor leaked" : "");
