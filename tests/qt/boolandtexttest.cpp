@@ -19,24 +19,16 @@ private slots:
 
 void BoolAndTextTest::BoolToggles()
 {
-    const struct
+    for (int iX : {0, 10, 19, 20}) // the box has 20 columns and takes any button
     {
-        const char* m_strName;
-        int m_iX;
-        Qt::MouseButton m_eButton;
-        bool m_bReadOnly, m_bToggles;
-    } cases[] = {{"first column", 0, Qt::LeftButton, false, true},
-                 {"last column of the box", 19, Qt::LeftButton, false, true},
-                 {"beside the box", 20, Qt::LeftButton, false, false},
-                 {"right button", 10, Qt::RightButton, false, true},
-                 {"read-only", 10, Qt::LeftButton, true, false}};
-    for (const auto& row : cases)
-    {
-        CTestPage page;
-        page.Add<CQTSimpleBoolWidget, CBoolDataElement>("flag")->SetReadOnly(row.m_bReadOnly);
-        QVERIFY(page.Open());
-        ClickThroughWindow(page.WidgetAt<QWidget>(0), row.m_eButton, QPoint(row.m_iX, 10));
-        QVERIFY2(page.m_log.Take() == Latin(row.m_bToggles ? "flag=true" : ""), row.m_strName);
+        for (bool bReadOnly : {false, true})
+        {
+            CTestPage page;
+            page.Add<CQTSimpleBoolWidget, CBoolDataElement>("flag")->SetReadOnly(bReadOnly);
+            QVERIFY(page.Open());
+            ClickThroughWindow(page.WidgetAt<QWidget>(0), iX == 10 ? Qt::RightButton : Qt::LeftButton, QPoint(iX, 10));
+            QCOMPARE(page.m_log.Take(), Latin(iX < 20 && !bReadOnly ? "flag=true" : ""));
+        }
     }
 }
 

@@ -52,13 +52,13 @@ void InspectorViewTest::Sizes()
             page.AddLine("row", "");
         }
         QVERIFY(page.Open(200, 50));
-        const CTestView& view = *page.m_pView;
+        CTestView& view = *page.m_pView;
         view.m_pScrollBar->setValue(10);
-        page.m_pView->ResizeInspector(300, row.m_iHeight);
+        view.ResizeInspector(300, row.m_iHeight);
         QVERIFY2(view.size() == QSize(300, row.m_iViewHeight), row.m_strName);
-        QVERIFY2(view.m_pContentWidget->geometry() == QRect(0, 0, 280, row.m_iViewHeight), row.m_strName);
+        QVERIFY2(view.m_pContentWidget->size() == QSize(280, row.m_iViewHeight), row.m_strName);
         QVERIFY2(view.m_pScrollBar->isVisible() == (row.m_iMaximum > 0), row.m_strName);
-        QVERIFY2(view.m_iOffsetY == row.m_iMaximum && view.m_pScrollBar->value() == row.m_iMaximum, row.m_strName);
+        QVERIFY2(view.m_iOffsetY == row.m_iMaximum, row.m_strName);
     }
 }
 
@@ -191,8 +191,6 @@ void InspectorViewTest::AddedRowsAppear()
         pText->setFocus();
         iWay ? page.m_pView->RecomputeLayout() : void();
         QVERIFY(TestSupport::WaitUntil([pText] { return pText->isVisible() && pText->hasFocus(); }));
-        const QImage image = OnScreen(page);
-        QVERIFY(image == OnScreen(page, true));
         page.AddLine("line", "");
         QVERIFY(pText->isVisible() && pText->hasFocus());
         page.m_pView->RecomputeLayout();

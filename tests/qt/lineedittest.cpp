@@ -11,8 +11,7 @@ public:
     CLinePage(const QString& in_strRows, QWidget* in_pOther) : CWorkedPage(in_pOther)
     {
         AddRows(in_strRows);
-        const QKeySequence keys[] = {Qt::Key_Escape, Qt::Key_Return,  Qt::Key_Enter,
-                                     Qt::Key_Tab,    Qt::Key_Backtab, Qt::SHIFT | Qt::Key_Backtab};
+        const QKeySequence keys[] = {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab};
         for (const QKeySequence& key : keys)
         {
             new QShortcut(key, &m_window, nullptr, nullptr, Qt::ApplicationShortcut);

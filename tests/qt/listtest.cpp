@@ -14,7 +14,9 @@ public:
     CListPage(const QString& in_strRows, QWidget* in_pOther) : CWorkedPage(in_pOther)
     {
         AddRows(in_strRows);
-        m_acts["row"] = [this](int in_iRow) { ClickInList(in_iRow); };
+        m_acts["row"] = [this](int in_iRow) {
+            Click(Editor()->viewport(), Editor()->visualItemRect(Editor()->item(in_iRow)).center());
+        };
         m_acts["box"] = [this](int) {
             {
                 QDialog box;
@@ -55,12 +57,6 @@ private:
         pList->SetText(in_cRow == 'U' ? "4" : "2");
         pList->SetReadOnly(in_cRow == 'R');
         m_lists[m_iRows++] = pList;
-    }
-
-    void ClickInList(int in_iRow)
-    {
-        QListWidget* pList = Editor();
-        Click(pList->viewport(), pList->visualItemRect(pList->item(in_iRow)).center());
     }
 
     std::map<int, CTestElement<CEnumDataElement>*> m_lists;

@@ -188,21 +188,13 @@ private:
     QStringList m_words;
 };
 
-inline std::string ValueOf(CSimpleDataElement& in_element)
+inline std::string ValueOf(CInspectorDataElement& in_element)
 {
     std::string strValue;
-    in_element.GetDataAsString(strValue);
-    return strValue;
-}
-
-inline std::string ValueOf(CBoolDataElement& in_element)
-{
-    return in_element.GetValue() ? "true" : "false";
-}
-
-inline std::string ValueOf(CInspectorDataElement&)
-{
-    return std::string();
+    ISimpleDataProvider* pText = dynamic_cast<ISimpleDataProvider*>(&in_element);
+    pText ? pText->GetDataAsString(strValue) : void();
+    CBoolDataElement* pBool = dynamic_cast<CBoolDataElement*>(&in_element);
+    return !pBool ? strValue : pBool->GetValue() ? "true" : "false";
 }
 
 /// An element that notes: "name=value" for a change, "name:cause" for the end of an edit, "name-" for
