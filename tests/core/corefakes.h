@@ -84,6 +84,7 @@ struct CFakeView : CInspectorView
 {
     explicit CFakeView(sJournal& io_journal) : m_journal(io_journal) {}
 
+    using CInspectorView::m_allHolders;
     using CInspectorView::m_bLabelGrouping;
     using CInspectorView::m_bPreviewMode;
     using CInspectorView::m_root;

@@ -42,7 +42,7 @@ TEST(Traversal, FocusWhereItIsUnusual)
     }
 }
 
-// Ten thousand levels must exhaust the stack nowhere.
+// Ten thousand levels, and as many rows, must exhaust the stack nowhere.
 TEST(Traversal, DeepNesting)
 {
     CPage page;
@@ -50,15 +50,16 @@ TEST(Traversal, DeepNesting)
     for (int i = 0; i < 10000; ++i)
     {
         pGroup = page.view.AddGroup("", pGroup);
+        page.Add("r" + std::to_string(i), nullptr);
     }
     page.Add("a", pGroup);
     page.view.ResizeInspector(400, -1);
-    EXPECT_EQ(10 + 10000 * 15 + 25, page.view.GetCurrentContentHeight());
-    EXPECT_EQ(1u, page.view.Leaves<sReverseLeafIterators>().size());
-    EXPECT_EQ(10002u, page.view.Nodes().size());
+    EXPECT_EQ(10 + 10000 * 15 + 10001 * 25, page.view.GetCurrentContentHeight());
+    EXPECT_EQ(10001u, page.view.Leaves<sReverseLeafIterators>().size());
+    EXPECT_EQ(20002u, page.view.Nodes().size());
     page.view.m_bPreviewMode = true;
     page.view.RecomputeLayout();
     EXPECT_EQ(20, page.view.GetCurrentContentHeight());
     page.view.RemoveEmptyGroups();
-    EXPECT_EQ(1u, page.view.m_root.size());
+    EXPECT_EQ(10001u, page.view.m_root.size());
 }

@@ -42,7 +42,7 @@ public:
 
 private:
     /// Lays out.
-    /// \return the rectangle of every node
+    /// \return every rectangle
     std::vector<int> Layout()
     {
         m_view.RecomputeLayout();
@@ -51,8 +51,31 @@ private:
         for (auto it = nodes.begin(); *it; ++it)
         {
             numbers.insert(numbers.end(), {(*it)->x, (*it)->y, (*it)->width, (*it)->height, (*it)->labelColumn});
+            (*it)->holder && !m_view.m_bPreviewMode ? CheckControls(**it) : void();
+        }
+        for (const sHolder* p : m_view.m_allHolders)
+        {
+            numbers.insert(numbers.end(), {p->x, p->y, p->width, p->height});
         }
         return numbers;
+    }
+
+    /// Controls that share a row stay apart and within it if their minimums fit.
+    void CheckControls(sNode& in_row)
+    {
+        std::list<CInspectorView::sPositionHolder> records;
+        m_view.BuildPositionHolderListFromContainer(&in_row, records);
+        const std::int64_t iEnd = std::int64_t(in_row.holder->x) + in_row.holder->width;
+        std::int64_t iRoom = in_row.holder->width + std::int64_t(2);
+        bool bOrdinary = in_row.holder->container && !records.empty() && iEnd == int(iEnd);
+        bool bWithin = true;
+        for (const CInspectorView::sPositionHolder& record : records)
+        {
+            bOrdinary = bOrdinary && record.minimum >= 0 && record.maximum >= 0;
+            iRoom -= record.minimum + std::int64_t(2);
+            bWithin = bWithin && record.holder->width >= 0 && record.holder->x + record.holder->width <= iEnd;
+        }
+        EXPECT_TRUE(!bOrdinary || iRoom < 0 || bWithin) << in_row.name;
     }
 
     /// Adds a control, a container or a group.

@@ -118,7 +118,6 @@ void LineEditTest::Editing_data()
 
         {"drag the title bar", "LL", "click0 x drag", "0=x 0:4", eX11},
         {"minimize and restore", "LL", "click0 x minimize click1 y Return", "0=x 0:4 1=y 1:1", eX11},
-        {"another application", "LL", "click0 x visit", "0=x 0:4", eX11},
 
         // The cause is then that of the edit before, a lost focus when there was none.
         {"no window manager: press another row at first", "LL", "press0 press1", "0:4 @1=v", eSent},

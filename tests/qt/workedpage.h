@@ -201,7 +201,6 @@ private:
         };
         m_acts["blank"] = [=](int) { Click(&m_window, QPoint(330, 230)); };
         m_acts["other"] = [=](int) { Click(m_pOther, QPoint(9, 9)); };
-        m_acts["visit"] = [=](int) { VisitOtherApplication(); };
         m_acts["minimize"] = [=](int) { MinimizeAndRestore(); };
         m_acts["drag"] = [=](int) { DragWindow(); };
     }
@@ -270,18 +269,6 @@ private:
         TestSupport::WaitUntil([this] { return m_window.isMinimized(); });
         Drive("windowactivate " + strWindow);
         TestSupport::WaitUntil([this] { return QApplication::activeWindow() == &m_window; });
-    }
-
-    /// Another application's window takes the focus, and goes away again.
-    static void VisitOtherApplication()
-    {
-        QProcess other;
-        other.start(QLatin1String("xev"), QStringList());
-        Drive("search --sync --onlyvisible --name Event.Tester windowactivate");
-        TestSupport::WaitUntil([] { return !QApplication::activeWindow(); });
-        other.kill();
-        other.waitForFinished();
-        TestSupport::WaitUntil([] { return QApplication::activeWindow(); });
     }
 
     /// The window that gets the keys.
