@@ -254,7 +254,6 @@ public:
          }},
         {"another window", 2, [this] { VisitOther(); }},
         {"flag", 0, [this] { Click("flag"); }},
-        {"enum", 0, [this] { Click("enum"); }},
         {"other line", 0, [this] { Click("other"), Key(Qt::Key_Tab); }},
         {"command", 0, [this] { Click("go"); }},
         {"flag, right button", 0, [this] { Click("flag", Qt::RightButton); }},
