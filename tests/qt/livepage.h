@@ -3,8 +3,6 @@
 
 #include "testsupport.h"
 
-#include <regex>
-
 /// A row of the application's own: it is painted and moved by the application's code.
 class CAppWidget : public CQTStaticWidget
 {
@@ -202,8 +200,11 @@ public:
         };
         const bool bAstray =
             isAstray(CQTSimpleDataWidget::g_pInPlace) || isAstray(CQTEnumDataWidget::g_pInPlaceList.get());
-        static const std::regex foreign("\\b(?!flag)(\\w)\\w*=(\\1|[\\n\\t])*(?!\\1)[^\\s]");
-        const bool bForeign = std::regex_search(m_log.Text().toLatin1().constData(), foreign);
+        const QStringList words = m_log.Text().split(QLatin1Char(' '));
+        const bool bForeign = std::any_of(words.begin(), words.end(), [](const QString& in_word) {
+            const QString strValue = in_word.section(QLatin1Char('='), 1).remove(in_word.left(1));
+            return !in_word.startsWith(QLatin1String("flag")) && !strValue.trimmed().isEmpty();
+        });
         return bAstray ? "an editor over no row" : bForeign ? "a foreign value" : "";
     }
 
