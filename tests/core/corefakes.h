@@ -89,7 +89,7 @@ struct CFakeView : CInspectorView
     using CInspectorView::m_bPreviewMode;
     using CInspectorView::m_root;
 
-    void UpdateView() override { ++m_iUpdates; }
+    void UpdateView() override {}
     void ParentControlToInspector(CInspectorDataWidget*) override { m_journal.Note("parent"); }
     int GetElementLabelWidth(sInspectorElement* in_pNode) override { return m_labelWidths[in_pNode->name]; }
     void EnsureVisible(CInspectorDataWidget* in_pWidget) override
@@ -183,7 +183,6 @@ struct CFakeView : CInspectorView
 
     sJournal& m_journal;
     std::map<std::string, int> m_labelWidths;
-    int m_iUpdates = 0;
 };
 
 struct CFakeController : CInspectorController

@@ -118,11 +118,10 @@ inline QImage Painted(QWidget* in_pWidget)
     return image;
 }
 
-/// The pixels of a colour (null: of all that was painted).
-inline QRegion Pixels(const QImage& in_image, QRgb in_colour = 0)
+/// All pixels that were painted.
+inline QRegion Pixels(const QImage& in_image)
 {
-    const Qt::MaskMode eMode = in_colour ? Qt::MaskOutColor : Qt::MaskInColor;
-    return QBitmap::fromImage(in_image.createMaskFromColor(in_colour ? in_colour : g_untouched, eMode));
+    return QBitmap::fromImage(in_image.createMaskFromColor(g_untouched, Qt::MaskInColor));
 }
 
 /// One notch of the wheel towards the user, aimed at the middle of a widget; false when nobody takes it.
@@ -182,7 +181,6 @@ public:
     }
 
     std::function<void()> m_hooks[ePlaces];
-    int m_iOwned = 0; ///< data and notices that are alive
 
 private:
     QStringList m_words;
@@ -234,12 +232,8 @@ private:
 /// Data of the application's, or a notice of it.
 template <class Base, ePlace Destructor> struct CTestOwned : Base
 {
-    explicit CTestOwned(CTestLog& in_log) : m_log(in_log) { ++m_log.m_iOwned; }
-    ~CTestOwned() override
-    {
-        --m_log.m_iOwned;
-        m_log.Note(Destructor, "");
-    }
+    explicit CTestOwned(CTestLog& in_log) : m_log(in_log) {}
+    ~CTestOwned() override { m_log.Note(Destructor, ""); }
 
     CTestLog& m_log;
 };
@@ -271,8 +265,6 @@ private:
 class CTestView : public CQTInspectorView
 {
 public:
-    using CQTInspectorView::m_bShowContent;
-    using CQTInspectorView::m_iContentHeight;
     using CQTInspectorView::m_iOffsetY;
     using CQTInspectorView::m_pContentWidget;
     using CQTInspectorView::m_pScrollBar;
