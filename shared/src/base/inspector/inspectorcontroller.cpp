@@ -310,7 +310,7 @@ void CInspectorController::HandleItemNotices(const tSelf& in_self)
     while (it != m_dirtyItems.end())
     {
         sInspectorControllerData* pItem = it->first;
-        HandleNoticesOf(pItem, in_self);
+        it->second.empty() ? HandleDirtyItem(pItem, nullptr) : HandleNoticesOf(pItem, in_self);
         if (!in_self)
         {
             return;
@@ -322,11 +322,6 @@ void CInspectorController::HandleItemNotices(const tSelf& in_self)
 
 void CInspectorController::HandleNoticesOf(sInspectorControllerData* in_pItem, const tSelf& in_self)
 {
-    if (m_dirtyItems[in_pItem].empty())
-    {
-        HandleDirtyItem(in_pItem, nullptr);
-        return;
-    }
     const CInspectorWatch<sInspectorControllerData> item(in_pItem);
     for (std::size_t i = 0; in_self && (item || !in_pItem) && i < m_dirtyItems[in_pItem].size(); ++i)
     {
