@@ -3,6 +3,7 @@
 #include "inspectorcontroller.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 
 namespace
@@ -317,21 +318,35 @@ void CInspectorView::OnToggleShowContent(bool in_bShow)
     });
 }
 
+/// The controls in the set's order. A walk over the nodes of a large set would wait for memory most of the time.
+const std::vector<CInspectorView::sInspectorHolder*>& CInspectorView::Controls()
+{
+    if (m_uListedAt != m_uControlChanges || m_controlList.size() != m_controlHolders.size())
+    {
+        m_controlList.assign(m_controlHolders.begin(), m_controlHolders.end());
+        m_uListedAt = m_uControlChanges;
+    }
+    return m_controlList;
+}
+
 /// Calls `in_operation` for every control. What the operation calls may add and remove controls, which are then met
 /// or passed over, and may destroy the view: the answer is false then and nothing of it may be touched.
 template <class Operation> bool CInspectorView::ForEachControl(Operation in_operation)
 {
     CInspectorWatch<CInspectorView> self(this);
-    for (auto it = m_controlHolders.begin(); it != m_controlHolders.end();)
+    for (std::size_t u = 0; u < Controls().size();)
     {
-        sInspectorHolder* pHolder = *it;
+        sInspectorHolder* pHolder = m_controlList[u];
         const unsigned uChanges = m_uControlChanges;
         in_operation(pHolder);
         if (!self)
         {
             return false;
         }
-        it = uChanges == m_uControlChanges ? std::next(it) : m_controlHolders.upper_bound(pHolder);
+        const auto begin = Controls().begin();
+        u = uChanges == m_uControlChanges
+                ? u + 1
+                : static_cast<std::size_t>(std::upper_bound(begin, Controls().end(), pHolder, std::less<>()) - begin);
     }
     return true;
 }

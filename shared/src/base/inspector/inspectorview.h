@@ -304,6 +304,7 @@ private:
     sInspectorElement* AddNode(int in_iKind, const char* in_strName, sInspectorHolder* in_pHolder,
                                sInspectorElement* in_pParent);
     void CopyRequest(sInspectorHolder* in_pHolder, const sRequestSize* in_pRequest);
+    const std::vector<sInspectorHolder*>& Controls();
     template <class Operation> bool ForEachControl(Operation in_operation);
     void LayOutGroup(sInspectorElement& in_group, int& io_iLeft, int& io_iRight, int& io_iY);
     void AddRowHeight(const sInspectorElement& in_row, int& io_iY);
@@ -318,6 +319,8 @@ private:
     void recGatherForPreview(std::list<sInspectorElement>& in_nodes, std::list<sInspectorElement*>& io_units);
 
     unsigned m_uControlChanges = 0; ///< counts the changes of m_controlHolders
+    unsigned m_uListedAt = 0;       ///< the count when m_controlList was made
+    std::vector<sInspectorHolder*> m_controlList;
     CInspectorLink<CInspectorController> m_controllerLink;
     CInspectorAnchor<CInspectorView> m_anchor{this};
 };
