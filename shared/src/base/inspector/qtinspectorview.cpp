@@ -110,15 +110,20 @@ void CQTInspectorView::UpdateView()
     update();
 }
 
-void CQTInspectorView::UpdateControl(QWidget* in_pControl)
+/// The view that a widget is a data widget in, null for none.
+CQTInspectorView* CQTInspectorView::Of(const QWidget* in_pControl)
 {
     const QWidget* pContent = in_pControl->isWindow() ? nullptr : in_pControl->parentWidget();
-    if (pContent && !pContent->rect().intersects(in_pControl->geometry()))
-    {
-        return;
-    }
-    const auto* pView = pContent ? qobject_cast<CQTInspectorView*>(pContent->parentWidget()) : nullptr;
-    if (!pView || !pView->m_bAboutToPaint)
+    auto* pView = pContent ? qobject_cast<CQTInspectorView*>(pContent->parentWidget()) : nullptr;
+    return pView && pView->m_pContentWidget == pContent ? pView : nullptr;
+}
+
+void CQTInspectorView::UpdateControl(QWidget* in_pControl)
+{
+    const CQTInspectorView* pView = Of(in_pControl);
+    const bool bNeedless =
+        pView && (pView->m_bAboutToPaint || !pView->m_pContentWidget->rect().intersects(in_pControl->geometry()));
+    if (!bNeedless)
     {
         in_pControl->update();
     }
@@ -299,7 +304,7 @@ void CQTInspectorView::PaintMessage(QPainter& in_painter)
 {
     const QPen pen = in_painter.pen();
     in_painter.setPen(QPen(m_messageColor));
-    in_painter.drawText(0, 0, width(), height(), g_iLeftCentred, InspectorQt::Text(m_strMessage));
+    in_painter.drawText(rect(), g_iLeftCentred, InspectorQt::Text(m_strMessage));
     in_painter.setPen(pen);
 }
 

@@ -75,6 +75,9 @@ protected:
     QScrollBar* m_pScrollBar;  ///< owned
 
 private:
+    friend class CQTControl;
+
+    static CQTInspectorView* Of(const QWidget* in_pControl);
     void StartPage();
     void Reveal();
     void PreDraw();

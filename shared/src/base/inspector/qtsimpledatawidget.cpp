@@ -2,10 +2,17 @@
 
 #include "datawidgettools.h"
 #include "qtinspectorview.h"
+#include "viewfilter.h"
 
 #include <algorithm>
 
 using namespace InspectorWidgets;
+
+bool CQTControl::event(QEvent* in_pEvent)
+{
+    CQTInspectorView* pView = CViewFilter::Handles(*in_pEvent) ? CQTInspectorView::Of(this) : nullptr;
+    return (pView && pView->m_pFilter->eventFilter(this, in_pEvent)) || QWidget::event(in_pEvent);
+}
 
 CInPlaceEdit* CQTSimpleDataWidget::g_pInPlace = nullptr;
 int CQTSimpleDataWidget::g_iInPlaceRefCount = 0;

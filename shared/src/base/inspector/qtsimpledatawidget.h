@@ -14,6 +14,14 @@
 
 class CInPlaceKeeper;
 
+/// What the one-line data widgets have in common.
+class INSPECTOR_EXPORT CQTControl : public QWidget
+{
+protected:
+    /// Leaves to the view that the widget is in what is the view's to handle: the wheel scrolls it.
+    bool event(QEvent* in_pEvent) override;
+};
+
 /// The line editor that all single-line values of the process share. It is a window of its own, laid over the widget
 /// being edited; it follows that widget and ends when the widget goes out of sight.
 ///
@@ -74,7 +82,7 @@ private:
 
 /// One line of text, edited in place. Pair it with a CSimpleDataElement; a press of the left button starts editing
 /// unless the element is read-only.
-class INSPECTOR_EXPORT CQTSimpleDataWidget : public QWidget,
+class INSPECTOR_EXPORT CQTSimpleDataWidget : public CQTControl,
                                              public CInspectorDataWidget,
                                              public ISimpleDataProvider,
                                              public IInPlaceEditSink
@@ -130,7 +138,7 @@ private:
 
 /// A square box with a cross when the value is true; any mouse button toggles it unless the element is read-only. Pair
 /// it with a CBoolDataElement.
-class INSPECTOR_EXPORT CQTSimpleBoolWidget : public QWidget, public CInspectorDataWidget
+class INSPECTOR_EXPORT CQTSimpleBoolWidget : public CQTControl, public CInspectorDataWidget
 {
     Q_OBJECT
 
@@ -259,7 +267,7 @@ private:
 
 /// A closed drop-down that shows the display text of the value; a press of the left button opens the shared list, read-
 /// only or not. Pair it with a CEnumDataElement.
-class INSPECTOR_EXPORT CQTEnumDataWidget : public QWidget,
+class INSPECTOR_EXPORT CQTEnumDataWidget : public CQTControl,
                                            public CInspectorDataWidget,
                                            public ISimpleDataProvider,
                                            public IInPlaceEditSink
@@ -314,7 +322,7 @@ private:
 /// A push button, centred round its text. Any mouse button pressed on it passes the press to the element. Pair it with
 /// a CButtonDataElement. It reads the element as it paints: after changing that, ask the view for a repaint
 /// (UpdateView).
-class INSPECTOR_EXPORT CQTButtonWidget : public QWidget, public CInspectorDataWidget
+class INSPECTOR_EXPORT CQTButtonWidget : public CQTControl, public CInspectorDataWidget
 {
     Q_OBJECT
 
@@ -342,7 +350,7 @@ protected:
 
 /// A text that cannot be edited. Pair it with a CStaticDataElement. It reads the element as it paints: after changing
 /// that, ask the view for a repaint (UpdateView).
-class INSPECTOR_EXPORT CQTStaticWidget : public QWidget, public CInspectorDataWidget
+class INSPECTOR_EXPORT CQTStaticWidget : public CQTControl, public CInspectorDataWidget
 {
     Q_OBJECT
 

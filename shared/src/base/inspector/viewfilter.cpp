@@ -13,9 +13,19 @@ CViewFilter::CViewFilter(QWidget* in_pView, QWidget* in_pContent, QScrollBar* in
     m_pView->installEventFilter(this);
 }
 
+bool CViewFilter::Handles(const QEvent& in_event)
+{
+    return in_event.type() == QEvent::Wheel || in_event.type() == QEvent::UpdateLater ||
+           in_event.type() == QEvent::ChildAdded;
+}
+
+/// The library's own data widgets come here by themselves: a filter on each would take a tenth of the memory of a page.
 void CViewFilter::WatchControl(QWidget* in_pControl)
 {
-    in_pControl->installEventFilter(this);
+    if (in_pControl->parentWidget() != m_pContent || !dynamic_cast<CQTControl*>(in_pControl))
+    {
+        in_pControl->installEventFilter(this);
+    }
     const QList<QWidget*> inner = in_pControl->findChildren<QWidget*>();
     for (QWidget* pInner : inner)
     {

@@ -27,6 +27,9 @@ public:
 
     bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
+    /// Whether an event of this type that a data widget gets may be for the filter.
+    static bool Handles(const QEvent& in_event);
+
 private:
     bool IsOutOfSight(QObject* in_pWatched) const;
     void WatchChild(QObject* in_pChild, const QObject* in_pParent);
