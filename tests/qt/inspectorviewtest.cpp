@@ -15,6 +15,7 @@ private slots:
     void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
     void LabelsAreMeasuredAnew();
+    void TextsLookAsQtDrawsThem();
     void AddedRowsAppear();
 };
 
@@ -176,6 +177,30 @@ void InspectorViewTest::LabelsAreMeasuredAnew()
         const QString strText = Latin(row.name + (iPixels % 2 ? "=" : ""));
         const int iWidth = QFontMetrics(font).boundingRect(QRect(), 0, strText).width();
         QCOMPARE(page.m_pView->GetElementLabelWidth(&row), iWidth + 2);
+    }
+}
+
+/// Not as they were with another font.
+void InspectorViewTest::TextsLookAsQtDrawsThem()
+{
+    const char* const texts[] = {"fits", "two\nlines", "tab\tkey", "AV far too long for the place it has  ",
+                                 "\xe9 \xa0"};
+    CTestView view;
+    view.resize(90, 20);
+    for (int i = 0; i < 120; ++i)
+    {
+        QFont font = view.font();
+        font.setPixelSize(9 + i % 3 * 5);
+        font.setItalic(i % 2);
+        view.setFont(font);
+        view.m_strMessage = texts[i % 5];
+        QImage expected(view.size(), QImage::Format_RGB32);
+        expected.fill(TestSupport::g_untouched);
+        QPainter painter(&expected);
+        painter.setFont(font);
+        painter.drawText(expected.rect(), Qt::AlignLeft | Qt::AlignVCenter, Latin(view.m_strMessage));
+        painter.end();
+        QVERIFY2(Painted(&view) == expected, texts[i % 5]);
     }
 }
 

@@ -132,6 +132,17 @@ inline void WatchWindow(QWidget* in_pWidget, QObject* in_pFilter)
 #endif
 }
 
+/// Has a slot called when the fonts known to the process have changed. Qt 4 does not tell.
+inline void WatchFonts(QObject* in_pReceiver, const char* in_strSlot)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    QObject::connect(qApp, SIGNAL(fontDatabaseChanged()), in_pReceiver, in_strSlot);
+#else
+    Q_UNUSED(in_pReceiver);
+    Q_UNUSED(in_strSlot);
+#endif
+}
+
 /// Whether a press that a window got comes to its widgets as a double click instead.
 inline bool BeginsDoubleClick(const QMouseEvent& in_press)
 {

@@ -139,7 +139,9 @@ void CQTStaticWidget::paintEvent(QPaintEvent*)
     if (CStaticDataElement* pElement = GetSafeData())
     {
         QPainter painter(this);
-        painter.drawText(0, 0, width(), std::min<int>(height(), eRowHeight), pElement->m_iAlignment,
-                         InspectorQt::Text(pElement->m_strText));
+        const QRect rect(0, 0, width(), std::min<int>(height(), eRowHeight));
+        const QString strText = InspectorQt::Text(pElement->m_strText);
+        pElement->m_iAlignment == eLeftCentred ? PaintText(painter, rect, strText)
+                                               : painter.drawText(rect, pElement->m_iAlignment, strText);
     }
 }

@@ -142,6 +142,6 @@ void CQTEnumDataWidget::paintEvent(QPaintEvent*)
     if (!m_strValue.isEmpty() && pElement && pElement->m_pDefinition)
     {
         const std::string strDisplay = pElement->m_pDefinition->GetDisplayFromValue(BytesOf(m_strValue, m_strLoaded));
-        painter.drawText(eTextIndent, 0, width(), height(), eLeftCentred, InspectorQt::Text(strDisplay));
+        PaintText(painter, QRect(eTextIndent, 0, width(), height()), InspectorQt::Text(strDisplay));
     }
 }

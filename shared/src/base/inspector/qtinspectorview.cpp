@@ -3,6 +3,7 @@
 #include "inspectorqt.h"
 #include "labelwidths.h"
 #include "qtsimpledatawidget.h"
+#include "shapedtexts.h"
 #include "viewfilter.h"
 
 #include <algorithm>
@@ -12,19 +13,20 @@ namespace
 {
 const int g_iScrollBarWidth = 20;
 const int g_iScrollStep = 25; ///< a row and the space after it
-const int g_iLeftCentred = Qt::AlignLeft | Qt::AlignVCenter;
 } // namespace
 
 CQTInspectorView::CQTInspectorView()
     : m_pContentWidget(new QWidget(this)),
       m_pScrollBar(new QScrollBar(this)),
-      m_pLabelWidths(new CLabelWidths)
+      m_pLabelWidths(new CLabelWidths),
+      m_pTexts(new CShapedTexts)
 {
     m_pContentWidget->show();
     m_pScrollBar->hide();
     m_pScrollBar->setSingleStep(g_iScrollStep);
     connect(m_pScrollBar, SIGNAL(valueChanged(int)), this, SLOT(SliderValueChanged(int)));
     m_pFilter = new CViewFilter(this, m_pContentWidget, m_pScrollBar);
+    InspectorQt::WatchFonts(this, SLOT(ForgetTexts()));
 }
 
 CQTInspectorView::~CQTInspectorView()
@@ -127,6 +129,12 @@ void CQTInspectorView::UpdateControl(QWidget* in_pControl)
     {
         in_pControl->update();
     }
+}
+
+void CQTInspectorView::ForgetTexts()
+{
+    *m_pLabelWidths = CLabelWidths();
+    m_pTexts->Forget();
 }
 
 void CQTInspectorView::EnsureVisible(CInspectorDataWidget* in_pWidget)
@@ -304,7 +312,7 @@ void CQTInspectorView::PaintMessage(QPainter& in_painter)
 {
     const QPen pen = in_painter.pen();
     in_painter.setPen(QPen(m_messageColor));
-    in_painter.drawText(rect(), g_iLeftCentred, InspectorQt::Text(m_strMessage));
+    m_pTexts->Draw(in_painter, rect(), InspectorQt::Text(m_strMessage));
     in_painter.setPen(pen);
 }
 
@@ -318,7 +326,7 @@ void CQTInspectorView::PaintNode(QPainter& in_painter, const sInspectorElement& 
     const QRect label(in_node.x, in_node.y, in_node.labelColumn, in_node.height);
     if (!in_node.name.empty() && label.intersects(in_exposed))
     {
-        in_painter.drawText(label, g_iLeftCentred, LabelText(in_node));
+        m_pTexts->Draw(in_painter, label, LabelText(in_node));
     }
 }
 
@@ -341,7 +349,7 @@ void CQTInspectorView::PaintGroup(QPainter& in_painter, const sInspectorElement&
     {
         const Qt::BGMode eMode = in_painter.backgroundMode();
         in_painter.setBackgroundMode(Qt::OpaqueMode);
-        in_painter.drawText(title, g_iLeftCentred, InspectorQt::Text(in_group.name));
+        m_pTexts->Draw(in_painter, title, InspectorQt::Text(in_group.name));
         in_painter.setBackgroundMode(eMode);
     }
 }

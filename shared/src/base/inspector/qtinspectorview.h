@@ -11,6 +11,7 @@
 #include <string>
 
 class CLabelWidths;
+class CShapedTexts;
 class CViewFilter;
 class QPainter;
 
@@ -74,6 +75,9 @@ protected:
     QWidget* m_pContentWidget; ///< the parent of every data widget; owned
     QScrollBar* m_pScrollBar;  ///< owned
 
+private slots:
+    void ForgetTexts();
+
 private:
     friend class CQTControl;
 
@@ -89,6 +93,7 @@ private:
 
     CViewFilter* m_pFilter;
     std::unique_ptr<CLabelWidths> m_pLabelWidths;
+    std::unique_ptr<CShapedTexts> m_pTexts;
     bool m_bPaintDue = false;     ///< a paint of the whole view was asked for and has not begun
     bool m_bAboutToPaint = false; ///< it has begun with having the notices handled
     bool m_bHeldBack = false;     ///< the content of a new page waits to be laid out

@@ -2,6 +2,7 @@
 
 #include "datawidgettools.h"
 #include "qtinspectorview.h"
+#include "shapedtexts.h"
 #include "viewfilter.h"
 
 #include <algorithm>
@@ -12,6 +13,18 @@ bool CQTControl::event(QEvent* in_pEvent)
 {
     CQTInspectorView* pView = CViewFilter::Handles(*in_pEvent) ? CQTInspectorView::Of(this) : nullptr;
     return (pView && pView->m_pFilter->eventFilter(this, in_pEvent)) || QWidget::event(in_pEvent);
+}
+
+void CQTControl::PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText) const
+{
+    if (CQTInspectorView* pView = CQTInspectorView::Of(this))
+    {
+        pView->m_pTexts->Draw(in_painter, in_rect, in_strText);
+    }
+    else
+    {
+        in_painter.drawText(in_rect, eLeftCentred, in_strText);
+    }
 }
 
 CInPlaceEdit* CQTSimpleDataWidget::g_pInPlace = nullptr;
@@ -140,7 +153,7 @@ void CQTSimpleDataWidget::paintEvent(QPaintEvent*)
     painter.fillRect(0, 0, width(), height(), Colour(this, QPalette::Base));
     if (!m_strValue.isEmpty())
     {
-        painter.drawText(eTextIndent, 0, width(), height(), eLeftCentred, m_strValue);
+        PaintText(painter, QRect(eTextIndent, 0, width(), height()), m_strValue);
     }
 }
 

@@ -13,6 +13,7 @@
 #include <string>
 
 class CInPlaceKeeper;
+class QPainter;
 
 /// What the one-line data widgets have in common.
 class INSPECTOR_EXPORT CQTControl : public QWidget
@@ -20,6 +21,10 @@ class INSPECTOR_EXPORT CQTControl : public QWidget
 protected:
     /// Leaves to the view that the widget is in what is the view's to handle: the wheel scrolls it.
     bool event(QEvent* in_pEvent) override;
+
+    /// Draws a text left-aligned and vertically centred as QPainter::drawText does, but faster once the view has drawn
+    /// the same text.
+    void PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText) const;
 };
 
 /// The line editor that all single-line values of the process share. It is a window of its own, laid over the widget
