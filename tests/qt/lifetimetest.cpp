@@ -23,6 +23,7 @@ private slots:
     void Survives_data();
     void Survives();
     void DestructionInEveryOrder();
+    void HidingEndsAWindow();
     void AnyNumber();
     void AnyText();
 
@@ -128,6 +129,21 @@ void LifetimeTest::DestructionInEveryOrder()
         page.Settle();
         QVERIFY(!CQTSimpleDataWidget::g_pInPlace);
     } while (std::next_permutation(std::begin(order), std::end(order)));
+}
+
+/// Typed text is reported when the content is hidden; the report deletes the view, which is the window with the focus.
+void LifetimeTest::HidingEndsAWindow()
+{
+    CLivePage page;
+    page.m_pView->setParent(nullptr);
+    page.m_pView->show();
+    page.m_pView->activateWindow();
+    page.Settle();
+    page.Open("text");
+    page.m_log.m_hooks[eInternalValueChanged] = [&page] { page.DeleteView(); };
+    page.m_pView->ShowContent(false, false);
+    QVERIFY(!page.m_pView && page.m_log.Take().contains(Latin("text=t")));
+    QCOMPARE(page.NextEdit(), std::string());
 }
 
 /// What the layout does with any number is tested without Qt.
