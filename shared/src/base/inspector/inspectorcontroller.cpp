@@ -148,12 +148,17 @@ void CInspectorController::Unlist(sInspectorControllerData* in_pItem)
 
 void CInspectorController::DropNotices(sInspectorControllerData* in_pItem)
 {
-    const auto it = m_dirtyItems.find(in_pItem);
-    if (it != m_dirtyItems.end())
+    const tSelf self(this);
+    for (auto it = m_dirtyItems.find(in_pItem); it != m_dirtyItems.end();)
     {
         std::vector<IDirtyControllerDataInfo*> notices = std::move(it->second);
         m_dirtyItems.erase(it);
         DeleteAll(std::move(notices));
+        if (!self)
+        {
+            return;
+        }
+        it = m_dirtyItems.find(in_pItem); // their destructors may have queued more
     }
 }
 
@@ -226,8 +231,11 @@ void CInspectorController::ClearAllData()
     {
         pView->RemoveAll();
     }
-    DropControllerNotices();
     if (self)
+    {
+        DropControllerNotices();
+    }
+    while (self && !m_dirtyItems.empty())
     {
         DropAllItemNotices(); // queued meanwhile for items that are gone
     }
