@@ -104,7 +104,7 @@ class INSPECTOR_EXPORT CEnumDataElement : public CSimpleDataElement
 {
 public:
     /// The order in which sEnumDefinition::GetAllItems gives the choices. Other values mean eSortNone.
-    enum eSortingMethod
+    enum eSortingMethod : int
     {
         eSortOnValue = 0,          ///< by value, byte by byte: upper before lower case, 10 before 9
         eSortOnDisplay = 1,        ///< by display text, byte by byte
