@@ -23,7 +23,7 @@ private slots:
     void Survives_data();
     void Survives();
     void DestructionInEveryOrder();
-    void HidingEndsAWindow();
+    void Hiding();
     void AnyNumber();
     void AnyText();
 
@@ -131,10 +131,15 @@ void LifetimeTest::DestructionInEveryOrder()
     } while (std::next_permutation(std::begin(order), std::end(order)));
 }
 
-/// Typed text is reported when the content is hidden; the report deletes the view, which is the window with the focus.
-void LifetimeTest::HidingEndsAWindow()
+/// Content that a layout's move hides stays hidden. Typed text is reported when the content is hidden; the report
+/// deletes the view, which is the window with the focus.
+void LifetimeTest::Hiding()
 {
     CLivePage page;
+    page.m_log.m_hooks[eMove] = [&page] { page.m_pView->ShowContent(false, false); };
+    page.m_pView->RecomputeLayout();
+    QVERIFY(page.WidgetOf("app")->size().isEmpty());
+    page.m_pView->ShowContent(true, false);
     page.m_pView->setParent(nullptr);
     page.m_pView->show();
     page.m_pView->activateWindow();

@@ -44,7 +44,7 @@ CInspectorView::sDrawElementVisitor::sDrawElementVisitor(CInspectorView* in_pVie
 
 CInspectorView::sInspectorElement* CInspectorView::sDrawElementVisitor::GetNext()
 {
-    if (!current)
+    if (!current || position == current->end())
     {
         return nullptr;
     }
@@ -139,10 +139,16 @@ CInspectorView::sInspectorHolder* CInspectorView::AddElement(CInspectorDataEleme
     }
     m_controlHolders.insert(pHolder);
     ++m_uControlChanges;
+    const CInspectorWatch<CInspectorView> self(this);
+    const CInspectorWatch<CInspectorDataWidget> widget(in_pWidget);
     ParentControlToInspector(in_pWidget);
-    if (in_pWidget)
+    if (widget)
     {
-        in_pWidget->Show();
+        widget->Show();
+    }
+    if (!self)
+    {
+        return nullptr;
     }
     UpdateView();
     return pHolder;
@@ -165,6 +171,7 @@ CInspectorView::sInspectorHolder* CInspectorView::CreateNewHolder()
     Controller();
     sInspectorHolder* pHolder = new sInspectorHolder;
     m_allHolders.insert(pHolder);
+    ++m_uControlChanges; // a derived view may put it among the controls in place of another
     return pHolder;
 }
 
@@ -337,32 +344,33 @@ template <class Operation> bool CInspectorView::ForEachControl(Operation in_oper
     for (std::size_t u = 0; u < Controls().size();)
     {
         sInspectorHolder* pHolder = m_controlList[u];
-        const unsigned uChanges = m_uControlChanges;
         in_operation(pHolder);
         if (!self)
         {
             return false;
         }
-        const auto begin = Controls().begin();
-        u = uChanges == m_uControlChanges
-                ? u + 1
-                : static_cast<std::size_t>(std::upper_bound(begin, Controls().end(), pHolder, std::less<>()) - begin);
+        const std::vector<sInspectorHolder*>& now = Controls();
+        const bool bInPlace = u < now.size() && now[u] == pHolder;
+        const auto next = bInPlace ? now.begin() + static_cast<std::ptrdiff_t>(u) + 1
+                                   : std::upper_bound(now.begin(), now.end(), pHolder, std::less<>());
+        u = static_cast<std::size_t>(next - now.begin());
     }
     return true;
 }
 
 void CInspectorView::PositionControl(sInspectorHolder* in_pHolder)
 {
-    const int iWidth = m_bShowContent ? in_pHolder->width : 0;
-    const int iHeight = m_bShowContent ? in_pHolder->height : 0;
-    CInspectorWatch<CInspectorDataWidget> widget(in_pHolder->widget);
+    const CInspectorWatch<CInspectorView> self(this);
+    const CInspectorWatch<CInspectorDataWidget> widget(in_pHolder->widget);
+    const unsigned uChanges = m_uControlChanges;
     if (widget)
     {
         widget->MoveWidget(in_pHolder->x, in_pHolder->y);
     }
-    if (widget)
+    const bool bThere = self && (uChanges == m_uControlChanges || m_allHolders.count(in_pHolder));
+    if (bThere && widget && in_pHolder->widget == widget.Get())
     {
-        widget->ResizeWidget(iWidth, iHeight);
+        m_bShowContent ? widget->ResizeWidget(in_pHolder->width, in_pHolder->height) : widget->ResizeWidget(0, 0);
     }
 }
 
@@ -400,8 +408,9 @@ void CInspectorView::RecomputeLayout()
     }
     if (ForEachControl([this](sInspectorHolder* in_pHolder) { PositionControl(in_pHolder); }))
     {
+        const CInspectorWatch<CInspectorView> self(this);
         UpdateView();
-        OnContentHeightSet();
+        self ? OnContentHeightSet() : void();
     }
 }
 

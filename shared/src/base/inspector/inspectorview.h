@@ -162,7 +162,7 @@ public:
     /// (null: no label); under a container from AddSingleLineContainer it joins the container's controls and the
     /// label is ignored. The widget is parented into the view and shown, and a repaint is asked for.
     /// \param in_pRequest copied when not null
-    /// \return the control's holder, owned by the view
+    /// \return the control's holder, owned by the view; null when showing the widget destroyed the view
     virtual sInspectorHolder* AddElement(CInspectorDataElement* in_pElement, CInspectorDataWidget* in_pWidget,
                                          const char* in_strLabel, sRequestSize* in_pRequest,
                                          sInspectorElement* in_pParent);
@@ -318,7 +318,7 @@ private:
     void PlacePreview(const sPreview& in_preview);
     void recGatherForPreview(std::list<sInspectorElement>& in_nodes, std::list<sInspectorElement*>& io_units);
 
-    unsigned m_uControlChanges = 0; ///< counts the changes of m_controlHolders
+    unsigned m_uControlChanges = 0; ///< counts the changes of m_controlHolders and m_allHolders
     unsigned m_uListedAt = 0;       ///< the count when m_controlList was made
     std::vector<sInspectorHolder*> m_controlList;
     CInspectorLink<CInspectorController> m_controllerLink;
