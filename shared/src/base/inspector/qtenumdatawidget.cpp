@@ -137,7 +137,9 @@ void CQTEnumDataWidget::paintEvent(QPaintEvent*)
     QStyleOptionComboBox option;
     option.rect = rect();
     option.state = QStyle::State_Enabled;
+    painter.save();
     QApplication::style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, nullptr);
+    painter.restore(); // some styles leave their pen behind
     CEnumDataElement* pElement = GetSafeEnumData();
     if (!m_strValue.isEmpty() && pElement && pElement->m_pDefinition)
     {
