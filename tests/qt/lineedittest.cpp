@@ -121,6 +121,7 @@ void LineEditTest::Editing_data()
 
         // The cause is then that of the edit before, a lost focus when there was none.
         {"no window manager: press another row at first", "LL", "press0 press1", "0:4 @1=v", eSent},
+        {"no window manager: right press after a Tab", "LLL", "click0 Tab x pressright2", "0:2 1=x 1:4", eSent},
         {"no window manager: after a Tab", "LLL", "click0 Tab x press0 y Return", "0:2 1=x 1:2 0=y 0:1", eSent},
     };
     AddCases(cases);

@@ -196,9 +196,13 @@ private:
         m_acts["click"] = onRow(Qt::LeftButton);
         m_acts["right"] = onRow(Qt::RightButton);
         m_acts["middle"] = onRow(Qt::MiddleButton);
-        m_acts["press"] = [=](int in_iRow) { // and no window manager activates the window
-            TestSupport::ClickThroughWindow(WidgetAt<QWidget>(in_iRow), Qt::LeftButton, QPoint(9, 9));
+        const auto noManager = [=](Qt::MouseButton in_eButton) { // and so nobody activates the window
+            return [=](int in_iRow) {
+                TestSupport::ClickThroughWindow(WidgetAt<QWidget>(in_iRow), in_eButton, QPoint(9, 9));
+            };
         };
+        m_acts["press"] = noManager(Qt::LeftButton);
+        m_acts["pressright"] = noManager(Qt::RightButton);
         m_acts["blank"] = [=](int) { Click(&m_window, QPoint(330, 230)); };
         m_acts["other"] = [=](int) { Click(m_pOther, QPoint(9, 9)); };
         m_acts["minimize"] = [=](int) { MinimizeAndRestore(); };

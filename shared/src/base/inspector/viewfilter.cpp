@@ -92,7 +92,8 @@ bool CViewFilter::TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_pre
     const QPointer<QObject> self = this;
     if (in_press.button() == Qt::RightButton && CQTSimpleDataWidget::g_pInPlace)
     {
-        CQTSimpleDataWidget::g_pInPlace->OnFinishEditing(); // a context menu would end it while Qt opens the menu
+        QEvent deactivation(QEvent::WindowDeactivate); // which a context menu would cause while Qt opens the menu
+        QCoreApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &deactivation);
     }
     if (pWindow && self)
     {
