@@ -42,6 +42,7 @@ void BoolAndTextTest::TextIsReported()
         bool m_bReadOnly;
         const char* m_strLog;
     } cases[] = {{"typed", "abc", "x", false, "note=xabc"},
+                 {"typed with a Tab", "abc", "x\ty", false, "note=x\tyabc"},
                  {"only looked at", "abc", "", false, ""},
                  {"tags, only looked at", "<b>a</b> <i>b</i>", "", false, ""},
                  {"tags, typed", "<b>a</b>", "x", false, "note=xa"},

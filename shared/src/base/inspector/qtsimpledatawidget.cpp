@@ -352,9 +352,14 @@ void CQTSimpleTextWidget::focusOutEvent(QFocusEvent* in_pEvent)
     ReportText();
 }
 
-/// Losing the focus reports, which may destroy the widget that Qt has found to get it: reported before Qt looks.
+/// Losing the focus reports, which may destroy the widget that Qt has found to get it: reported before Qt looks. A Tab
+/// that is typed takes the focus nowhere.
 bool CQTSimpleTextWidget::focusNextPrevChild(bool in_bNext)
 {
+    if (in_bNext && !tabChangesFocus() && (textInteractionFlags() & Qt::TextEditable))
+    {
+        return QTextEdit::focusNextPrevChild(in_bNext);
+    }
     const QPointer<QWidget> self(this);
     ReportText();
     return !self || QTextEdit::focusNextPrevChild(in_bNext);
