@@ -126,6 +126,7 @@ void InspectorViewTest::ScreenFollowsValues()
     for (int i = 0; i < 12; ++i)
     {
         lines.push_back(page.AddLine("line", ""));
+        page.WidgetAt<QWidget>(i)->setAutoFillBackground(i % 6 == 1); // not painted with what is around it
     }
     QVERIFY(page.Open(200, 150));
     for (int iValue = 1; iValue < 4; ++iValue)
@@ -142,6 +143,7 @@ void InspectorViewTest::ScreenFollowsValues()
         page.m_pView->m_pScrollBar->setValue(iValue == 3 ? 150 : 0); // to lines that were out of sight
         const QImage after = OnScreen(page);
         QVERIFY(after != before && after == OnScreen(page, true));
+        QVERIFY(after.copy(0, 5, 180, 20) == after.copy(0, 30, 180, 20));
     }
 }
 
@@ -153,6 +155,7 @@ void InspectorViewTest::ScrolledViewShowsAPartOfTheTall()
     {
         pGroup = i % 3 ? pGroup : page.m_pView->AddGroup("group", i % 2 ? pGroup : nullptr);
         page.Add<CQTStaticWidget, CStaticDataElement>("static", pGroup)->m_strText = std::to_string(i);
+        i % 3 == 2 ? page.m_pView->AddGroup("empty", pGroup) : nullptr; // its title hangs out of the group
     }
     QVERIFY(page.Open(200, -1));
     const QImage tall = Painted(page.m_pView);

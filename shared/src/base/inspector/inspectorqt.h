@@ -132,14 +132,13 @@ inline void WatchWindow(QWidget* in_pWidget, QObject* in_pFilter)
 #endif
 }
 
-/// Has a slot called when the fonts known to the process have changed. Qt 4 does not tell.
-inline void WatchFonts(QObject* in_pReceiver, const char* in_strSlot)
+/// The height by which QPainter::drawText centres a line.
+inline qreal LineHeight(const QTextLine& in_line)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    QObject::connect(qApp, SIGNAL(fontDatabaseChanged()), in_pReceiver, in_strSlot);
+    return in_line.ascent() + in_line.descent(); // height() is rounded up
 #else
-    Q_UNUSED(in_pReceiver);
-    Q_UNUSED(in_strSlot);
+    return in_line.height();
 #endif
 }
 

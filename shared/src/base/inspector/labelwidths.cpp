@@ -2,12 +2,22 @@
 
 #include "inspectorqt.h"
 
+CLabelWidths::CLabelWidths()
+{
+    connect(qApp, SIGNAL(fontDatabaseChanged()), this, SLOT(Forget()));
+}
+
+void CLabelWidths::Forget()
+{
+    m_present.clear();
+    m_before.clear();
+}
+
 int CLabelWidths::WidthOf(const QString& in_strLabel, const QFont& in_font)
 {
     if (!in_font.isCopyOf(m_font))
     {
-        m_present.clear();
-        m_before.clear();
+        Forget();
         m_font = in_font;
     }
     const QHash<QString, int>::const_iterator known = m_present.constFind(in_strLabel);

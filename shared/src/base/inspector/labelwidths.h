@@ -3,19 +3,28 @@
 
 #include <QFont>
 #include <QHash>
+#include <QObject>
 #include <QString>
 
 /// The widths of a view's labels, each measured once. Knows those of the present page and of the page before: an
 /// inspector often shows the same labels again. Private to the library.
-class CLabelWidths
+class CLabelWidths : public QObject
 {
+    Q_OBJECT
+
 public:
+    CLabelWidths();
+
     /// The width of a label's text in pixels. Another font object than the one before, be it of the same look, makes it
     /// forget everything.
     int WidthOf(const QString& in_strLabel, const QFont& in_font);
 
     /// From here on, labels that were not asked for since the last call are those of the page before that.
     void StartPage();
+
+public slots:
+    /// Forgets everything, as when the fonts known to the process have changed.
+    void Forget();
 
 private:
     QFont m_font;

@@ -13,6 +13,12 @@ namespace
 {
 const int g_iScrollBarWidth = 20;
 const int g_iScrollStep = 25; ///< a row and the space after it
+
+/// Whether Qt leaves a child out when it paints what is around it.
+bool CoversView(const QWidget& in_child)
+{
+    return in_child.autoFillBackground() || in_child.testAttribute(Qt::WA_OpaquePaintEvent);
+}
 } // namespace
 
 CQTInspectorView::CQTInspectorView()
@@ -26,7 +32,6 @@ CQTInspectorView::CQTInspectorView()
     m_pScrollBar->setSingleStep(g_iScrollStep);
     connect(m_pScrollBar, SIGNAL(valueChanged(int)), this, SLOT(SliderValueChanged(int)));
     m_pFilter = new CViewFilter(this, m_pContentWidget, m_pScrollBar);
-    InspectorQt::WatchFonts(this, SLOT(ForgetTexts()));
 }
 
 CQTInspectorView::~CQTInspectorView()
@@ -123,18 +128,13 @@ CQTInspectorView* CQTInspectorView::Of(const QWidget* in_pControl)
 void CQTInspectorView::UpdateControl(QWidget* in_pControl)
 {
     const CQTInspectorView* pView = Of(in_pControl);
-    const bool bNeedless =
-        pView && (pView->m_bAboutToPaint || !pView->m_pContentWidget->rect().intersects(in_pControl->geometry()));
-    if (!bNeedless)
+    const bool bInSight = !pView || pView->m_pContentWidget->rect().intersects(in_pControl->geometry());
+    const bool bPainted =
+        pView && pView->m_bAboutToPaint && !CoversView(*in_pControl) && !CoversView(*pView->m_pContentWidget);
+    if (bInSight && !bPainted)
     {
         in_pControl->update();
     }
-}
-
-void CQTInspectorView::ForgetTexts()
-{
-    *m_pLabelWidths = CLabelWidths();
-    m_pTexts->Forget();
 }
 
 void CQTInspectorView::EnsureVisible(CInspectorDataWidget* in_pWidget)
@@ -261,11 +261,11 @@ void CQTInspectorView::Reveal()
 void CQTInspectorView::PreDraw()
 {
     const QPointer<QWidget> self(this);
-    const bool bOuter = std::exchange(m_bAboutToPaint, std::exchange(m_bPaintDue, false));
+    m_bAboutToPaint = std::exchange(m_bPaintDue, false);
     OnPreDraw();
     if (self)
     {
-        m_bAboutToPaint = bOuter;
+        m_bAboutToPaint = false;
     }
 }
 
@@ -273,6 +273,11 @@ void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
 {
     Reveal();
     PreDraw();
+    if (!testAttribute(Qt::WA_WState_InPaintEvent))
+    {
+        UpdateView(); // an event loop in a handler painted the view, and ended this paint
+        return;
+    }
     QWidget::paintEvent(in_pEvent);
     QPainter painter(this);
     if (!m_strMessage.empty())
@@ -288,7 +293,8 @@ void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
     PaintTree(painter, in_pEvent->rect().translated(0, m_pScrollBar->value()));
 }
 
-/// Level by level. What a group out of sight holds is passed over, unless metrics below zero let it stand outside.
+/// Level by level. What a group out of sight holds is passed over, unless metrics below zero let it stand outside. The
+/// title of an empty group may hang out of the group that holds it.
 void CQTInspectorView::PaintTree(QPainter& in_painter, const QRect& in_exposed)
 {
     const bool bNested = !m_bPreviewMode && std::min({GetGroupTopMargin(), GetGroupBottomMargin(),
@@ -299,8 +305,9 @@ void CQTInspectorView::PaintTree(QPainter& in_painter, const QRect& in_exposed)
         for (const sInspectorElement& node : *levels[u])
         {
             PaintNode(in_painter, node, in_exposed);
-            const bool bInSight = node.y <= in_exposed.bottom() && node.y + node.height >= in_exposed.top();
-            if (!node.children.empty() && (bInSight || !bNested))
+            const int iEnd = node.y + node.height + GetGroupLabelHeight();
+            const bool bInSight = node.y <= in_exposed.bottom() && iEnd >= in_exposed.top();
+            if (!node.children.empty() && (bInSight || !bNested || node.kind != eGroup))
             {
                 levels.push_back(&node.children);
             }
@@ -345,7 +352,7 @@ void CQTInspectorView::PaintGroup(QPainter& in_painter, const sInspectorElement&
         in_painter.drawRoundedRect(QRectF(frame), 3.0, 3.0);
         in_painter.setPen(pen);
     }
-    if (title.intersects(in_exposed))
+    if (iTitleHeight > 0 && title.intersects(in_exposed))
     {
         const Qt::BGMode eMode = in_painter.backgroundMode();
         in_painter.setBackgroundMode(Qt::OpaqueMode);

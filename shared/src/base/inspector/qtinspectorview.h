@@ -61,10 +61,6 @@ public:
     void OnContentHeightSet() override;
     void ParentControlToInspector(CInspectorDataWidget* in_pWidget) override;
 
-    std::string
-        m_strMessage;      ///< while not empty, painted in place of frames and labels; call UpdateView after a change
-    QColor m_messageColor; ///< the message's colour; black while it is invalid
-
 public slots:
     /// Scrolls to the scroll bar's value; the parameter is ignored.
     void SliderValueChanged(int value);
@@ -75,8 +71,10 @@ protected:
     QWidget* m_pContentWidget; ///< the parent of every data widget; owned
     QScrollBar* m_pScrollBar;  ///< owned
 
-private slots:
-    void ForgetTexts();
+public:
+    std::string
+        m_strMessage;      ///< while not empty, painted in place of frames and labels; call UpdateView after a change
+    QColor m_messageColor; ///< the message's colour; black while it is invalid
 
 private:
     friend class CQTControl;

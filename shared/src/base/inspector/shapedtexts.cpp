@@ -1,5 +1,7 @@
 #include "shapedtexts.h"
 
+#include "inspectorqt.h"
+
 #include <algorithm>
 
 namespace
@@ -17,6 +19,16 @@ bool IsPlainLine(const QString& in_strText)
 }
 } // namespace
 
+CShapedTexts::CShapedTexts()
+{
+    connect(qApp, SIGNAL(fontDatabaseChanged()), this, SLOT(Forget()));
+}
+
+void CShapedTexts::Forget()
+{
+    m_layouts.clear();
+}
+
 void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QString& in_strText)
 {
     if (!IsPlainLine(in_strText))
@@ -27,7 +39,7 @@ void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QStrin
     const QTextLayout& layout = Layout(in_strText, in_painter.font());
     const QTextLine line = layout.lineAt(0);
     const QRectF rect(in_rect);
-    const qreal height = line.ascent() + line.descent();
+    const qreal height = InspectorQt::LineHeight(line);
     const QRectF bounds(rect.x(), rect.y() + (rect.height() - height) / 2, line.naturalTextWidth(), height);
     const bool bClip = !rect.contains(bounds);
     if (bClip)
