@@ -141,9 +141,12 @@ void InspectorViewTest::ScreenFollowsValues()
         page.m_log.m_hooks[eHandleItem] = setAll;
         iValue == 2 ? page.m_pController->DirtifyItem(page.m_pController->m_items.front(), nullptr) : setAll();
         page.m_pView->m_pScrollBar->setValue(iValue == 3 ? 150 : 0); // to lines that were out of sight
-        const QImage after = OnScreen(page);
-        QVERIFY(after != before && after == OnScreen(page, true));
-        QVERIFY(after.copy(0, 5, 180, 20) == after.copy(0, 30, 180, 20));
+        QImage after;
+        QVERIFY(TestSupport::WaitUntil([&] {
+            after = OnScreen(page);
+            return after != before && after.copy(0, 5, 180, 20) == after.copy(0, 30, 180, 20);
+        }));
+        QVERIFY(after == OnScreen(page, true));
     }
 }
 
