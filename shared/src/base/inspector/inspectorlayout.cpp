@@ -276,6 +276,7 @@ CInspectorView::sHolderForGroup CInspectorView::MeasureInGroup(sInspectorElement
 void CInspectorView::LayOutAlignedRows(std::list<sInspectorElement>& in_rows)
 {
     std::vector<sHolderForGroup> rows;
+    rows.reserve(in_rows.size());
     for (sInspectorElement& node : in_rows)
     {
         if (node.kind == eHolder)

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <limits>
 
 namespace
 {
@@ -341,7 +342,8 @@ const std::vector<CInspectorView::sInspectorHolder*>& CInspectorView::Controls()
 template <class Operation> bool CInspectorView::ForEachControl(Operation in_operation)
 {
     CInspectorWatch<CInspectorView> self(this);
-    for (std::size_t u = 0; u < Controls().size();)
+    Controls();
+    for (std::size_t u = 0; u < m_controlList.size();)
     {
         sInspectorHolder* pHolder = m_controlList[u];
         in_operation(pHolder);
@@ -467,22 +469,21 @@ void CInspectorView::LayOutGroup(sInspectorElement& in_group, int& io_iLeft, int
 void CInspectorView::AddRowHeight(const sInspectorElement& in_row, int& io_iY)
 {
     const sInspectorHolder& holder = *in_row.holder;
-    std::vector<int> heights;
+    int iTallest = std::numeric_limits<int>::min();
     if (!holder.container)
     {
-        heights.push_back(RequiredHeight(holder, in_row.width));
+        iTallest = RequiredHeight(holder, in_row.width);
+    }
+    else if (holder.subHolders.empty())
+    {
+        return;
     }
     else
     {
         for (const sInspectorHolder* pSub : holder.subHolders)
         {
-            heights.push_back(RequiredHeight(*pSub, in_row.width));
+            iTallest = std::max(iTallest, RequiredHeight(*pSub, in_row.width));
         }
     }
-    if (heights.empty())
-    {
-        return;
-    }
-    const int iTallest = *std::max_element(heights.begin(), heights.end());
     io_iY = m_bPreviewMode ? std::max(io_iY, iTallest) : io_iY + iTallest;
 }
