@@ -17,6 +17,18 @@ bool IsPlainLine(const QString& in_strText)
     return !in_strText.isEmpty() && in_strText.size() <= 200 &&
            std::none_of(in_strText.begin(), in_strText.end(), isControl);
 }
+
+/// A new layout of one line, however long.
+QTextLayout* Shape(const QString& in_strText, const QFont& in_font)
+{
+    QTextLayout* pLayout = new QTextLayout(in_strText, in_font);
+    pLayout->setCacheEnabled(true);
+    pLayout->beginLayout();
+    QTextLine line = pLayout->createLine();
+    line.setLineWidth(0x01000000);
+    pLayout->endLayout();
+    return pLayout;
+}
 } // namespace
 
 CShapedTexts::CShapedTexts()
@@ -31,13 +43,13 @@ void CShapedTexts::Forget()
 
 void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QString& in_strText)
 {
-    if (!IsPlainLine(in_strText))
+    const QTextLayout* pLayout = IsPlainLine(in_strText) ? Layout(in_strText, in_painter.font()) : nullptr;
+    if (!pLayout)
     {
         in_painter.drawText(in_rect, Qt::AlignLeft | Qt::AlignVCenter, in_strText);
         return;
     }
-    const QTextLayout& layout = Layout(in_strText, in_painter.font());
-    const QTextLine line = layout.lineAt(0);
+    const QTextLine line = pLayout->lineAt(0);
     const QRectF rect(in_rect);
     const qreal height = InspectorQt::LineHeight(line);
     const QRectF bounds(rect.x(), rect.y() + (rect.height() - height) / 2, line.naturalTextWidth(), height);
@@ -47,26 +59,19 @@ void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QStrin
         in_painter.save();
         in_painter.setClipRect(rect, Qt::IntersectClip);
     }
-    layout.draw(&in_painter, bounds.topLeft());
+    pLayout->draw(&in_painter, bounds.topLeft());
     if (bClip)
     {
         in_painter.restore();
     }
 }
 
-const QTextLayout& CShapedTexts::Layout(const QString& in_strText, const QFont& in_font)
+const QTextLayout* CShapedTexts::Layout(const QString& in_strText, const QFont& in_font)
 {
     const QTextLayout* pKnown = m_layouts.object(in_strText);
-    if (pKnown && pKnown->font().isCopyOf(in_font))
+    if (!pKnown || !pKnown->font().isCopyOf(in_font))
     {
-        return *pKnown;
+        m_layouts.insert(in_strText, Shape(in_strText, in_font));
     }
-    QTextLayout* pLayout = new QTextLayout(in_strText, in_font);
-    pLayout->setCacheEnabled(true);
-    pLayout->beginLayout();
-    QTextLine line = pLayout->createLine();
-    line.setLineWidth(0x01000000); // one line however long
-    pLayout->endLayout();
-    m_layouts.insert(in_strText, pLayout);
-    return *pLayout;
+    return m_layouts.object(in_strText);
 }
