@@ -342,20 +342,20 @@ const std::vector<CInspectorView::sInspectorHolder*>& CInspectorView::Controls()
 template <class Operation> bool CInspectorView::ForEachControl(Operation in_operation)
 {
     CInspectorWatch<CInspectorView> self(this);
-    Controls();
-    for (std::size_t u = 0; u < m_controlList.size();)
+    const std::vector<sInspectorHolder*>& controls = Controls();
+    for (std::size_t u = 0; u < controls.size();)
     {
-        sInspectorHolder* pHolder = m_controlList[u];
+        sInspectorHolder* pHolder = controls[u];
         in_operation(pHolder);
         if (!self)
         {
             return false;
         }
-        const std::vector<sInspectorHolder*>& now = Controls();
-        const bool bInPlace = u < now.size() && now[u] == pHolder;
-        const auto next = bInPlace ? now.begin() + static_cast<std::ptrdiff_t>(u) + 1
-                                   : std::upper_bound(now.begin(), now.end(), pHolder, std::less<>());
-        u = static_cast<std::size_t>(next - now.begin());
+        Controls(); // brings the same list up to date
+        const bool bInPlace = u < controls.size() && controls[u] == pHolder;
+        const auto next = bInPlace ? controls.begin() + static_cast<std::ptrdiff_t>(u) + 1
+                                   : std::upper_bound(controls.begin(), controls.end(), pHolder, std::less<>());
+        u = static_cast<std::size_t>(next - controls.begin());
     }
     return true;
 }
