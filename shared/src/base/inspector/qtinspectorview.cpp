@@ -297,15 +297,16 @@ void CQTInspectorView::paintEvent(QPaintEvent* in_pEvent)
 /// title of an empty group may hang out of the group that holds it.
 void CQTInspectorView::PaintTree(QPainter& in_painter, const QRect& in_exposed)
 {
-    const bool bNested = !m_bPreviewMode && std::min({GetGroupTopMargin(), GetGroupBottomMargin(),
-                                                      GetGroupLabelHeight(), GetHeightBetweenControl()}) >= 0;
+    const int iTitleHeight = GetGroupLabelHeight();
+    const bool bNested = !m_bPreviewMode && std::min({GetGroupTopMargin(), GetGroupBottomMargin(), iTitleHeight,
+                                                      GetHeightBetweenControl()}) >= 0;
     std::vector<const std::list<sInspectorElement>*> levels{&m_root};
     for (std::size_t u = 0; u < levels.size(); ++u)
     {
         for (const sInspectorElement& node : *levels[u])
         {
             PaintNode(in_painter, node, in_exposed);
-            const int iEnd = node.y + node.height + GetGroupLabelHeight();
+            const int iEnd = node.y + node.height + iTitleHeight;
             const bool bInSight = node.y <= in_exposed.bottom() && iEnd >= in_exposed.top();
             if (!node.children.empty() && (bInSight || !bNested || node.kind != eGroup))
             {
