@@ -43,7 +43,7 @@ void CShapedTexts::Forget()
 
 void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QString& in_strText)
 {
-    const QTextLayout* pLayout = IsPlainLine(in_strText) ? Layout(in_strText, in_painter.font()) : nullptr;
+    const QTextLayout* pLayout = Layout(in_strText, in_painter.font());
     if (!pLayout)
     {
         in_painter.drawText(in_rect, Qt::AlignLeft | Qt::AlignVCenter, in_strText);
@@ -69,7 +69,11 @@ void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QStrin
 const QTextLayout* CShapedTexts::Layout(const QString& in_strText, const QFont& in_font)
 {
     const QTextLayout* pKnown = m_layouts.object(in_strText);
-    if (!pKnown || !pKnown->font().isCopyOf(in_font))
+    if (pKnown && pKnown->font().isCopyOf(in_font))
+    {
+        return pKnown;
+    }
+    if (IsPlainLine(in_strText))
     {
         m_layouts.insert(in_strText, Shape(in_strText, in_font));
     }

@@ -23,6 +23,7 @@ public slots:
     void Forget();
 
 private:
+    /// Null for a text that is not kept.
     const QTextLayout* Layout(const QString& in_strText, const QFont& in_font);
 
     QCache<QString, QTextLayout> m_layouts{256}; ///< what a high screen shows, and some more to scroll to and fro
