@@ -128,10 +128,11 @@ CQTInspectorView* CQTInspectorView::Of(const QWidget* in_pControl)
 void CQTInspectorView::UpdateControl(QWidget* in_pControl)
 {
     const CQTInspectorView* pView = Of(in_pControl);
-    const bool bInSight = !pView || pView->m_pContentWidget->rect().intersects(in_pControl->geometry());
-    const bool bPainted =
-        pView && pView->m_bAboutToPaint && !CoversView(*in_pControl) && !CoversView(*pView->m_pContentWidget);
-    if (bInSight && !bPainted)
+    if (pView && !pView->m_pContentWidget->rect().intersects(in_pControl->geometry()))
+    {
+        return; // out of sight
+    }
+    if (!pView || !pView->m_bAboutToPaint || CoversView(*in_pControl) || CoversView(*pView->m_pContentWidget))
     {
         in_pControl->update();
     }
