@@ -127,6 +127,10 @@ TEST(Controller, DeathsOnEitherSide)
     std::unique_ptr<CFakeView> shortLived(new CFakeView(page.journal)); // does not point back, dies in a callback
     page.controller->m_pView = shortLived.get();
     page.elements[0]->m_onDisconnect = [&shortLived] { shortLived.reset(); };
-    page.controller.reset();
+    page.elements[1]->m_onDisconnect = [&page] { page.controller.reset(); };
+    static_cast<CFakeData*>(page.items[1]->data)->m_onDestroy = [&page] {
+        page.elements[1]->OnEndEditing(nullptr, CInspectorDataElement::eEndEditNext); // to nobody
+    };
+    page.Remove(1);
     EXPECT_TRUE(!shortLived && !other.m_pController);
 }

@@ -7,7 +7,7 @@ CInspectorDataElement::~CInspectorDataElement() = default;
 void CInspectorDataElement::SetDataControl(CInspectorDataWidget* in_pWidget, CInspectorController* in_pController)
 {
     m_widgetLink.Bind(m_pWidget, in_pWidget);
-    m_pController = in_pController;
+    m_controllerLink.Bind(m_pController, in_pController);
 }
 
 void CInspectorDataElement::OnCtrlValueChange(CInspectorDataWidget*) {}

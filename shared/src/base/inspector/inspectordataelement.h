@@ -82,7 +82,7 @@ public:
 protected:
     bool m_bReadOnly = false;
     CInspectorDataWidget* m_pWidget = nullptr;     ///< not owned; null before registration and once it has died
-    CInspectorController* m_pController = nullptr; ///< not owned; null before registration
+    CInspectorController* m_pController = nullptr; ///< not owned; null before registration and once it has died
 
 private:
     friend class CInspectorController;
@@ -90,6 +90,7 @@ private:
     friend class CInspectorLink<CInspectorDataElement>;
 
     CInspectorLink<CInspectorDataWidget> m_widgetLink;
+    CInspectorLink<CInspectorController> m_controllerLink;
     CInspectorAnchor<CInspectorDataElement> m_anchor{this};
 };
 

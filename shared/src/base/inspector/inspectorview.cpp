@@ -139,7 +139,7 @@ CInspectorView::sInspectorHolder* CInspectorView::AddElement(CInspectorDataEleme
         AddNode(eHolder, in_strLabel, pHolder, in_pParent);
     }
     m_controlHolders.insert(pHolder);
-    ++m_uControlChanges;
+    const unsigned uChanges = ++m_uControlChanges;
     const CInspectorWatch<CInspectorView> self(this);
     const CInspectorWatch<CInspectorDataWidget> widget(in_pWidget);
     ParentControlToInspector(in_pWidget);
@@ -151,8 +151,9 @@ CInspectorView::sInspectorHolder* CInspectorView::AddElement(CInspectorDataEleme
     {
         return nullptr;
     }
+    const bool bThere = uChanges == m_uControlChanges || m_allHolders.count(pHolder) > 0;
     UpdateView();
-    return pHolder;
+    return bThere ? pHolder : nullptr;
 }
 
 CInspectorView::sInspectorElement* CInspectorView::AddSingleLineContainer(const char* in_strName,

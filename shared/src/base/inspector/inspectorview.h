@@ -162,7 +162,7 @@ public:
     /// (null: no label); under a container from AddSingleLineContainer it joins the container's controls and the
     /// label is ignored. The widget is parented into the view and shown, and a repaint is asked for.
     /// \param in_pRequest copied when not null
-    /// \return the control's holder, owned by the view; null when showing the widget destroyed the view
+    /// \return the control's holder, owned by the view; null when showing the widget destroyed or emptied the view
     virtual sInspectorHolder* AddElement(CInspectorDataElement* in_pElement, CInspectorDataWidget* in_pWidget,
                                          const char* in_strLabel, sRequestSize* in_pRequest,
                                          sInspectorElement* in_pParent);
