@@ -199,6 +199,7 @@ void InspectorViewTest::TextsLookAsQtDrawsThem()
         font.setPixelSize(9 + i % 3 * 5);
         font.setItalic(i % 2);
         view.setFont(font);
+        QApplication::setLayoutDirection(i % 5 ? Qt::LeftToRight : Qt::RightToLeft);
         view.m_strMessage = texts[i % 4];
         QImage expected(view.size(), QImage::Format_RGB32);
         expected.fill(TestSupport::g_untouched);

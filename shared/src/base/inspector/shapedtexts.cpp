@@ -22,6 +22,9 @@ bool IsPlainLine(const QString& in_strText)
 QTextLayout* Shape(const QString& in_strText, const QFont& in_font)
 {
     QTextLayout* pLayout = new QTextLayout(in_strText, in_font);
+    QTextOption option;
+    option.setTextDirection(Qt::LeftToRight);
+    pLayout->setTextOption(option);
     pLayout->setCacheEnabled(true);
     pLayout->beginLayout();
     QTextLine line = pLayout->createLine();
@@ -43,7 +46,8 @@ void CShapedTexts::Forget()
 
 void CShapedTexts::Draw(QPainter& in_painter, const QRect& in_rect, const QString& in_strText)
 {
-    const QTextLayout* pLayout = Layout(in_strText, in_painter.font());
+    const bool bMirrored = in_painter.layoutDirection() != Qt::LeftToRight;
+    const QTextLayout* pLayout = bMirrored ? nullptr : Layout(in_strText, in_painter.font());
     if (!pLayout)
     {
         in_painter.drawText(in_rect, Qt::AlignLeft | Qt::AlignVCenter, in_strText);
