@@ -2,6 +2,12 @@
 
 #include "inspectorqt.h"
 
+namespace
+{
+const int g_iMost = 50000; ///< more labels than this are no page but ever new names
+const QChar g_lengthSeparator(0x9c);
+} // namespace
+
 CLabelWidths::CLabelWidths()
 {
     connect(qApp, SIGNAL(fontDatabaseChanged()), this, SLOT(Forget()));
@@ -13,7 +19,7 @@ void CLabelWidths::Forget()
     m_before.clear();
 }
 
-int CLabelWidths::WidthOf(const QString& in_strLabel, const QFont& in_font)
+int CLabelWidths::WidthOf(const QString& in_strLabel, const QFont& in_font, const QRect& in_rect)
 {
     if (!in_font.isCopyOf(m_font))
     {
@@ -29,8 +35,15 @@ int CLabelWidths::WidthOf(const QString& in_strLabel, const QFont& in_font)
     const int iFlags = Qt::AlignLeft | Qt::AlignVCenter;
     const int iWidth = before != m_before.constEnd()
                            ? before.value()
-                           : QFontMetrics(in_font).boundingRect(QRect(), iFlags, in_strLabel).width();
-    m_present.insert(in_strLabel, iWidth);
+                           : QFontMetrics(in_font).boundingRect(in_rect, iFlags, in_strLabel).width();
+    if (m_present.size() >= g_iMost)
+    {
+        StartPage();
+    }
+    if (!in_strLabel.contains(g_lengthSeparator))
+    {
+        m_present.insert(in_strLabel, iWidth);
+    }
     return iWidth;
 }
 

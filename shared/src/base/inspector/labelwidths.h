@@ -15,9 +15,9 @@ class CLabelWidths : public QObject
 public:
     CLabelWidths();
 
-    /// The width of a label's text in pixels. Another font object than the one before, be it of the same look, makes it
-    /// forget everything.
-    int WidthOf(const QString& in_strLabel, const QFont& in_font);
+    /// The width of a label's text in pixels; the rectangle chooses between the lengths of a text that has several.
+    /// Another font object than the one before, be it of the same look, makes it forget everything.
+    int WidthOf(const QString& in_strLabel, const QFont& in_font, const QRect& in_rect);
 
     /// From here on, labels that were not asked for since the last call are those of the page before that.
     void StartPage();

@@ -201,7 +201,8 @@ int CQTInspectorView::GetElementLabelWidth(CInspectorView::sInspectorElement* in
     {
         return 0;
     }
-    return m_pLabelWidths->WidthOf(LabelText(*in_pElement), font()) + 2;
+    const QRect rect(in_pElement->x, in_pElement->y, in_pElement->width, in_pElement->height);
+    return m_pLabelWidths->WidthOf(LabelText(*in_pElement), font(), rect) + 2;
 }
 
 void CQTInspectorView::OnToggleShowContent(bool in_bShow)
