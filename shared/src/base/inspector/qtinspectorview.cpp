@@ -334,7 +334,8 @@ void CQTInspectorView::PaintNode(QPainter& in_painter, const sInspectorElement& 
         return;
     }
     const QRect label(in_node.x, in_node.y, in_node.labelColumn, in_node.height);
-    if (!in_node.name.empty() && label.intersects(in_exposed))
+    const QRect inked = label.adjusted(-label.height(), 0, label.height(), 0); // slanted letters lean out
+    if (!in_node.name.empty() && inked.intersects(in_exposed))
     {
         m_pTexts->Draw(in_painter, label, LabelText(in_node));
     }
