@@ -74,18 +74,21 @@ void CQTInspectorView::ResizeInspector(int in_iWidth, int in_iHeight)
 void CQTInspectorView::OnContentHeightSet()
 {
     const QPointer<QWidget> self(this);
-    if (m_iViewHeight >= m_iContentHeight)
-    {
-        m_pScrollBar->setValue(0);
-        m_pScrollBar->hide();
-    }
-    else
+    const bool bScrolls = m_iViewHeight < m_iContentHeight;
+    if (bScrolls)
     {
         m_pScrollBar->move(width() - g_iScrollBarWidth, 0);
         m_pScrollBar->resize(g_iScrollBarWidth, m_iViewHeight);
         m_pScrollBar->setPageStep(m_iViewHeight);
         m_pScrollBar->setRange(0, m_iContentHeight - m_iViewHeight);
-        m_pScrollBar->show();
+    }
+    else
+    {
+        m_pScrollBar->setValue(0);
+    }
+    if (self)
+    {
+        m_pScrollBar->setVisible(bScrolls);
     }
     if (self)
     {
