@@ -1,5 +1,6 @@
 #include "testsupport.h"
 
+using TestSupport::ClickThroughWindow;
 using TestSupport::Latin;
 using TestSupport::Painted;
 
@@ -12,6 +13,7 @@ private slots:
     void Sizes();
     void EnsureVisibleScrolls();
     void WheelScrolls();
+    void RightButton();
     void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
     void LabelsAreMeasuredAnew();
@@ -22,6 +24,18 @@ private slots:
 
 namespace
 {
+/// Notes what it gets.
+struct CNotingRow : CQTStaticWidget
+{
+    bool event(QEvent* in_pEvent) override
+    {
+        m_types << in_pEvent->type();
+        return CQTStaticWidget::event(in_pEvent);
+    }
+
+    QList<int> m_types;
+};
+
 /// What the user sees of a page; first everything is painted again if asked for.
 QImage OnScreen(CTestPage& io_page, bool in_bPaintAgain = false)
 {
@@ -111,12 +125,33 @@ void InspectorViewTest::WheelScrolls()
     {
         QVERIFY(page.Open(200, 150));
         page.m_pView->m_pScrollBar->setValue(0);
+        TestSupport::TurnWheel(&page.m_window); // beside the view
+        QCOMPARE(page.m_pView->m_pScrollBar->value(), 0);
         QWidget* pAim = page.m_window.childAt(position);
         QVERIFY(TestSupport::TurnWheel(pAim));
         QVERIFY(page.m_pView->m_pScrollBar->value() >= 25); // a row and more
         page.m_pView->ResizeInspector(200, -1);
         QVERIFY(!TestSupport::TurnWheel(pAim)); // left to what is around the view
     }
+}
+
+/// What the right button does on a row reaches it whole; none of it while another widget has the mouse.
+void InspectorViewTest::RightButton()
+{
+    CTestPage page;
+    page.Add<CNotingRow, CStaticDataElement>("row");
+    QVERIFY(page.Open());
+    CNotingRow* pRow = page.WidgetAt<CNotingRow>(0);
+    pRow->setFocusPolicy(Qt::ClickFocus);
+    ClickThroughWindow(&page.m_window, Qt::LeftButton, QPoint(9, 390), QTest::MousePress);
+    ClickThroughWindow(pRow, Qt::RightButton, QPoint(9, 9));
+    ClickThroughWindow(&page.m_window, Qt::LeftButton, QPoint(9, 390), QTest::MouseRelease);
+    QVERIFY(!pRow->m_types.contains(QEvent::MouseButtonPress) || qVersion()[0] == '4'); // sent past Qt 4
+    ClickThroughWindow(pRow, Qt::RightButton, QPoint(9, 9), QTest::MousePress);
+    ClickThroughWindow(pRow, Qt::NoButton, QPoint(30, 9), QTest::MouseMove);
+    ClickThroughWindow(pRow, Qt::RightButton, QPoint(30, 9), QTest::MouseRelease);
+    QVERIFY(pRow->m_types.contains(QEvent::MouseMove) && pRow->m_types.contains(QEvent::MouseButtonRelease));
+    QVERIFY(pRow->m_types.contains(QEvent::MouseButtonPress) && pRow->hasFocus());
 }
 
 void InspectorViewTest::ScreenFollowsValues()

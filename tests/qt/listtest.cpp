@@ -180,20 +180,16 @@ void ListTest::Geometry()
 void ListTest::Editing_data()
 {
     const sCase cases[] = {
-        {"opens on the value", "EE", "click1", "@1=Two"},
         {"opens without the value", "U", "click0", "@0="},
-        {"pick", "EE", "click0 row2", "0=3 0:4"},
         {"pick the same, then another", "EE", "click0 row1 click0 row0", "0:4 0=1 0:4"},
         {"read-only", "R", "click0 row2 click0 Escape", "0:4 0:0"},
         {"no definition, no other button", "NE", "click0 right1 middle1", ""},
-        {"Escape, Down", "E", "click0 Escape click0 Down", "0:0 0:4"},
-        {"Return, Tab, a letter", "EE", "click0 Return click0 Tab click0 x", "0:4 0:4 0:4"},
+        {"any key", "EE", "click0 Escape click0 Down click0 Return click0 Tab click0 x", "0:0 0:4 0:4 0:4 0:4"},
         {"over a modal window", "ME", "click0 row2 click0 Escape click0 blank", "0=3 0:4 0:0 0:4"},
 
         {"click beside the rows", "E", "click0 blank click0", "0:4 @0=Two"},
         {"click another window", "E", "click0 other", "0:4", eSent | eX11},
-        {"click another row", "EEEEE", "click0 click4", "0:4 @4=Two"},
-        {"click the row itself", "E", "click0 click0", "0:4 @0=Two"},
+        {"click the row itself, then another", "EEEEE", "click0 click0 click4", "0:4 0:4 @4=Two"},
         {"the element changed meanwhile", "EE", "click0 set0 Escape click1 set1 blank", "0:0 1:4"},
 
         {"scrolled out of sight", "EEEEEEEEEEEE", "click0 scroll", "0:4"},

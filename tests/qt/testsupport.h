@@ -92,15 +92,18 @@ inline bool ShowWindow(QWidget* in_pWindow)
 
 /// Presses and releases a button the way the window system does, so that what follows from a press follows
 /// too. The widget may die of it.
-inline void ClickThroughWindow(QWidget* in_pWidget, Qt::MouseButton in_eButton, const QPoint& in_position)
+inline void ClickThroughWindow(QWidget* in_pWidget, Qt::MouseButton in_eButton, const QPoint& in_position,
+                               QTest::MouseAction in_eAction = QTest::MouseClick)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    QWidget* pWindow = in_pWidget->window();
-    QTest::mouseClick(pWindow->windowHandle(), in_eButton, Qt::NoModifier, in_pWidget->mapTo(pWindow, in_position));
+    QWidget* pNative = in_pWidget->internalWinId() ? in_pWidget : in_pWidget->nativeParentWidget();
+    QTest::mouseEvent(in_eAction, pNative->windowHandle(), in_eButton, Qt::NoModifier,
+                      in_pWidget->mapTo(pNative, in_position));
 #else
     QPointer<QWidget> pWidget = in_pWidget;
-    QTest::mousePress(pWidget, in_eButton, Qt::NoModifier, in_position);
-    if (pWidget)
+    const bool bClick = in_eAction == QTest::MouseClick;
+    QTest::mouseEvent(bClick ? QTest::MousePress : in_eAction, pWidget, in_eButton, Qt::NoModifier, in_position);
+    if (bClick && pWidget)
     {
         QTest::mouseRelease(pWidget, in_eButton, Qt::NoModifier, in_position);
     }
@@ -124,18 +127,21 @@ inline QRegion Pixels(const QImage& in_image)
     return QBitmap::fromImage(in_image.createMaskFromColor(g_untouched, Qt::MaskInColor));
 }
 
-/// One notch of the wheel towards the user, aimed at the middle of a widget; false when nobody takes it.
+/// One notch of the wheel towards the user, aimed at the middle of a widget; false when nobody takes it. For a window
+/// it goes to what is there.
 inline bool TurnWheel(QWidget* in_pWidget)
 {
     const QPoint position = in_pWidget->rect().center();
+    QObject* pReceiver = in_pWidget;
 #if QT_VERSION >= QT_VERSION_CHECK(5, 12, 0)
+    pReceiver = in_pWidget->windowHandle() ? static_cast<QObject*>(in_pWidget->windowHandle()) : in_pWidget;
     QWheelEvent event(position, in_pWidget->mapToGlobal(position), QPoint(), QPoint(0, -120), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
 #else
     QWheelEvent event(position, -120, Qt::NoButton, Qt::NoModifier);
 #endif
     QSpontaneKeyEvent::setSpontaneous(&event); // others stay with the widget they are sent to
-    qApp->notify(in_pWidget, &event);
+    qApp->notify(pReceiver, &event);
     return event.isAccepted();
 }
 } // namespace TestSupport

@@ -106,7 +106,8 @@ inline void SetTransientOwner(QWidget* in_pWindow, QWidget* in_pOver)
 #endif
 }
 
-/// The top-level widget that an object which got a window-system event stands for, null for none.
+/// The widget that an object which got a window-system event stands for, null for none: a top-level one, or a native
+/// one inside.
 inline QWidget* WindowWidget(QObject* in_pObject)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
@@ -118,13 +119,17 @@ inline QWidget* WindowWidget(QObject* in_pObject)
     return in_pObject->isWidgetType() ? static_cast<QWidget*>(in_pObject)->window() : nullptr;
 }
 
-/// Lets a filter see what the window system sends to the window that a visible widget is in.
-inline void WatchWindow(QWidget* in_pWidget, QObject* in_pFilter)
+/// Lets a filter see what the window system sends to the windows that a widget is in: its top-level one, and those of
+/// native widgets between.
+inline void WatchWindows(QWidget* in_pWidget, QObject* in_pFilter)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    if (QWindow* pWindow = in_pWidget->window()->windowHandle())
+    for (QWidget* pWidget = in_pWidget; pWidget; pWidget = pWidget->isWindow() ? nullptr : pWidget->parentWidget())
     {
-        pWindow->installEventFilter(in_pFilter);
+        if (QWindow* pWindow = pWidget->windowHandle())
+        {
+            pWindow->installEventFilter(in_pFilter);
+        }
     }
 #else
     Q_UNUSED(in_pWidget);
@@ -153,13 +158,13 @@ inline bool BeginsDoubleClick(const QMouseEvent& in_press)
 #endif
 }
 
-/// Whether the platform asks for a context menu when the right button goes down, not when it comes up.
-inline bool ContextMenuOnPress()
+/// On which event of the right button the platform asks for a context menu.
+inline QEvent::Type ContextMenuTrigger()
 {
 #ifdef Q_OS_WIN
-    return false;
+    return QEvent::MouseButtonRelease;
 #else
-    return true;
+    return QEvent::MouseButtonPress;
 #endif
 }
 

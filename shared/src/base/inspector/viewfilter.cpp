@@ -16,7 +16,7 @@ CViewFilter::CViewFilter(QWidget* in_pView, QWidget* in_pContent, QScrollBar* in
 bool CViewFilter::Handles(const QEvent& in_event)
 {
     return in_event.type() == QEvent::Wheel || in_event.type() == QEvent::UpdateLater ||
-           in_event.type() == QEvent::ChildAdded;
+           in_event.type() == QEvent::ChildAdded || in_event.type() == QEvent::WinIdChange;
 }
 
 /// The library's own data widgets come here by themselves: a filter on each would take a tenth of the memory of a page.
@@ -26,33 +26,43 @@ void CViewFilter::WatchControl(QWidget* in_pControl)
     {
         in_pControl->installEventFilter(this);
     }
-    const QList<QWidget*> inner = in_pControl->findChildren<QWidget*>();
-    for (QWidget* pInner : inner)
+    if (in_pControl->focusPolicy() == Qt::WheelFocus)
     {
-        pInner->installEventFilter(this);
+        in_pControl->setFocusPolicy(Qt::StrongFocus);
+    }
+    const QObjectList inner = in_pControl->children();
+    for (QObject* pInner : inner)
+    {
+        WatchChild(pInner, in_pControl);
     }
 }
 
 bool CViewFilter::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
 {
+    if (!in_pWatched->isWidgetType())
+    {
+        return FilterWindow(in_pWatched, in_pEvent);
+    }
     switch (in_pEvent->type())
     {
     case QEvent::Wheel:
         return Scroll(in_pEvent);
     case QEvent::Show:
-        if (in_pWatched == m_pView)
+    case QEvent::Paint: // a widget around the view may have become native without a word
+        if (in_pWatched == m_pView && (in_pEvent->type() == QEvent::Show || m_window != m_pView->effectiveWinId()))
         {
-            InspectorQt::WatchWindow(m_pView, this);
+            m_window = m_pView->effectiveWinId();
+            InspectorQt::WatchWindows(m_pView, this);
         }
+        return false;
+    case QEvent::WinIdChange:
+        InspectorQt::WatchWindows(static_cast<QWidget*>(in_pWatched), this);
         return false;
     case QEvent::UpdateLater:
         return IsOutOfSight(in_pWatched);
     case QEvent::ChildAdded:
         WatchChild(static_cast<QChildEvent*>(in_pEvent)->child(), in_pWatched);
         return false;
-    case QEvent::MouseButtonPress:
-        return !in_pWatched->isWidgetType() && InspectorQt::WindowWidget(in_pWatched) == m_pView->window() &&
-               TakeWindowPress(in_pWatched, *static_cast<QMouseEvent*>(in_pEvent));
     default:
         return false;
     }
@@ -86,8 +96,31 @@ bool CViewFilter::Scroll(QEvent* in_pWheel)
     return true;
 }
 
-bool CViewFilter::TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_press)
+bool CViewFilter::FilterWindow(QObject* in_pWindow, QEvent* in_pEvent)
 {
+    const QEvent::Type eType = in_pEvent->type();
+    if (eType != QEvent::MouseButtonPress && !m_pPressed)
+    {
+        return false;
+    }
+    QWidget* pNative = InspectorQt::WindowWidget(in_pWindow);
+    if (!pNative || pNative->window() != m_pView->window())
+    {
+        return false;
+    }
+    if (eType == QEvent::MouseMove || eType == QEvent::MouseButtonRelease)
+    {
+        return DeliverToPressed(pNative, *static_cast<QMouseEvent*>(in_pEvent));
+    }
+    return eType == QEvent::MouseButtonPress && TakePress(in_pWindow, pNative, *static_cast<QMouseEvent*>(in_pEvent));
+}
+
+bool CViewFilter::TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMouseEvent& in_press)
+{
+    if (QWidget::mouseGrabber() || in_press.buttons() != Qt::MouseButtons(in_press.button()))
+    {
+        return false; // it goes to who has the mouse
+    }
     const QPointer<QObject> pWindow = in_pWindow;
     const QPointer<QObject> self = this;
     if (in_press.button() == Qt::RightButton && CQTSimpleDataWidget::g_pInPlace)
@@ -97,17 +130,18 @@ bool CViewFilter::TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_pre
     }
     if (pWindow && self)
     {
-        ReleaseFocus(in_press.pos());
+        ReleaseFocus(in_pNative, in_press.pos());
     }
-    return !pWindow || (self && DeliverRightPress(in_press));
+    return !pWindow || (self && DeliverRightPress(in_pNative, in_press));
 }
 
 /// Qt gives the focus to what was pressed and then goes on with it. A data widget that thereby loses the focus reports,
 /// which may destroy what was pressed: it loses the focus here, before Qt looks for what that is.
-void CViewFilter::ReleaseFocus(const QPoint& in_position)
+void CViewFilter::ReleaseFocus(QWidget* in_pNative, const QPoint& in_position)
 {
     const QWidget* pFocused = QApplication::focusWidget();
-    const QWidget* pPressed = pFocused ? m_pView->window()->childAt(in_position) : nullptr;
+    const QWidget* pHit = in_pNative->childAt(in_position);
+    const QWidget* pPressed = !pFocused ? nullptr : pHit ? pHit : in_pNative;
     while (pPressed && pPressed != pFocused && !(pPressed->isEnabled() && pPressed->focusPolicy() & Qt::ClickFocus))
     {
         pPressed = pPressed->isWindow() ? nullptr : pPressed->parentWidget();
@@ -138,25 +172,49 @@ void CViewFilter::TakeFocus()
     }
 }
 
-bool CViewFilter::DeliverRightPress(const QMouseEvent& in_press)
+bool CViewFilter::DeliverRightPress(QWidget* in_pNative, const QMouseEvent& in_press)
 {
-    QWidget* pWindow = m_pView->window();
-    const QPointer<QWidget> pControl = pWindow->childAt(in_press.pos());
-    if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) || !pControl ||
+    QWidget* pHit = in_pNative->childAt(in_press.pos());
+    const QPointer<QWidget> pControl = pHit ? pHit : in_pNative;
+    const QWidget* pPopup = QApplication::activePopupWidget();
+    if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) ||
         pControl->parentWidget() != m_pContent || !dynamic_cast<CInspectorDataWidget*>(pControl.data()) ||
-        QApplication::activePopupWidget())
+        (pPopup && pPopup != m_pView->window()))
     {
         return false;
     }
-    const QPoint position = pControl->mapFrom(pWindow, in_press.pos());
-    const QPoint global = pControl->mapToGlobal(position);
-    QMouseEvent press(QEvent::MouseButtonPress, position, global, in_press.button(), in_press.buttons(),
-                      in_press.modifiers());
-    QCoreApplication::sendEvent(pControl, &press);
-    if (pControl && InspectorQt::ContextMenuOnPress())
+    const QPointer<QObject> self = this;
+    const QPointer<QWidget> pNative = in_pNative;
+    if (pControl->isEnabled() && pControl->focusPolicy() & Qt::ClickFocus)
     {
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, position, global, in_press.modifiers());
-        QCoreApplication::sendEvent(pControl, &menu);
+        pControl->setFocus(Qt::MouseFocusReason);
+    }
+    if (self && pNative && pControl)
+    {
+        m_pPressed = pControl;
+        DeliverToPressed(pNative, in_press);
+    }
+    return true;
+}
+
+/// What follows a press is for the widget that was pressed, wherever the mouse is, until the button is up.
+bool CViewFilter::DeliverToPressed(const QWidget* in_pNative, const QMouseEvent& in_event)
+{
+    const QPointer<QWidget> pPressed = m_pPressed;
+    const bool bHeld = in_event.buttons() & Qt::RightButton;
+    m_pPressed = bHeld ? pPressed : nullptr;
+    if (!bHeld && in_event.button() != Qt::RightButton)
+    {
+        return false; // somebody else got the release
+    }
+    const QPoint global = in_pNative->mapToGlobal(in_event.pos());
+    const QPoint position = pPressed->mapFromGlobal(global);
+    QMouseEvent event(in_event.type(), position, global, in_event.button(), in_event.buttons(), in_event.modifiers());
+    QCoreApplication::sendEvent(pPressed, &event);
+    if (pPressed && in_event.button() == Qt::RightButton && in_event.type() == InspectorQt::ContextMenuTrigger())
+    {
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, position, global, in_event.modifiers());
+        QCoreApplication::sendEvent(pPressed, &menu);
     }
     return true;
 }

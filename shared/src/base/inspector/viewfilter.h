@@ -3,15 +3,16 @@
 
 #include <QMouseEvent>
 #include <QObject>
+#include <QPointer>
 #include <QScrollBar>
 #include <QWidget>
 
-/// What a view does with events that are not its own to handle. It watches the view, its data widgets and the window
-/// that the view is in. Private to the library; a child of the view.
+/// What a view does with events that are not its own to handle. It watches the view, its data widgets and the windows
+/// that they are in. Private to the library; a child of the view.
 ///
-/// - The wheel scrolls the view wherever the cursor is over it: no editor takes the wheel.
+/// - The wheel scrolls the view wherever the cursor is over it: no editor takes the wheel, nor the focus by it.
 /// - A press of the right button reaches a data widget from here, because Qt would follow it by a context-menu event to
-///   that same widget, even if the press has made the application destroy it.
+///   that same widget, even if the press has made the application destroy it. So do the moves and the release after it.
 /// - A data widget that is to lose the focus to a press loses it before the press is delivered.
 class CViewFilter : public QObject
 {
@@ -34,13 +35,17 @@ private:
     bool IsOutOfSight(QObject* in_pWatched) const;
     void WatchChild(QObject* in_pChild, const QObject* in_pParent);
     bool Scroll(QEvent* in_pWheel);
-    bool TakeWindowPress(QObject* in_pWindow, const QMouseEvent& in_press);
-    void ReleaseFocus(const QPoint& in_position);
-    bool DeliverRightPress(const QMouseEvent& in_press);
+    bool FilterWindow(QObject* in_pWindow, QEvent* in_pEvent);
+    bool TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMouseEvent& in_press);
+    void ReleaseFocus(QWidget* in_pNative, const QPoint& in_position);
+    bool DeliverRightPress(QWidget* in_pNative, const QMouseEvent& in_press);
+    bool DeliverToPressed(const QWidget* in_pNative, const QMouseEvent& in_event);
 
     QWidget* m_pView;
     QWidget* m_pContent;
     QScrollBar* m_pScrollBar;
+    WId m_window = 0;             ///< the native window that the view was in when it was last shown or painted
+    QPointer<QWidget> m_pPressed; ///< the data widget that got the right button from here
 };
 
 #endif
