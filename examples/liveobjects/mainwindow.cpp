@@ -67,4 +67,5 @@ void CMainWindow::OnPreview(bool in_bPreview)
 void CMainWindow::OnShowContent(bool in_bShow)
 {
     m_pHost->GetView()->ShowContent(in_bShow, false);
+    m_pHost->GetView()->RecomputeLayout();
 }

@@ -32,7 +32,8 @@ public:
         virtual ~IDirtyControllerDataInfo();
     };
 
-    /// One registered value. Owns the three it points at; each pointer is null once its object has died.
+    /// One registered value. Owns the three it points at; `element` and `widget` are null once they have died, `data`
+    /// is the item's alone to delete.
     struct INSPECTOR_EXPORT sInspectorControllerData
     {
         /// Takes over element and widget, but does not link them to each other.
@@ -100,7 +101,8 @@ public:
     /// Runs a command; called by a button's element. `in_strName` is valid during the call only. Does nothing here.
     virtual void CallCommand(const char* in_strName, unsigned long in_ulArgument);
 
-    /// Stores the flag here and in the view. It shows at the next layout.
+    /// Stores the flag here and in the view, and neither lays out nor repaints: call the view's RecomputeLayout after
+    /// it.
     virtual void SetPreviewMode(bool in_bPreview);
 
     /// The flag that SetPreviewMode stored last, false at first.
@@ -118,7 +120,7 @@ public:
     void ClearAllData();
 
     /// Hands all queued notices to the application and deletes them, the controller's first. The view calls it before
-    /// each paint. A call from inside a handler returns at once: the pass under way goes on.
+    /// each paint. A call from inside a handler returns at once: the pass under way goes on. Handlers must not throw.
     void HandleDirtyItems();
 
     /// Queues a notice (null: dirty without saying how) for a registered item, takes it over, and asks the view for a

@@ -23,11 +23,11 @@ public:
     /// Why editing in place ended.
     enum eEndEditCause
     {
-        eEndEditCancel = 0,    ///< Escape; the text reported is the one that the edit started with
+        eEndEditCancel = 0,    ///< Escape; the text reported is the element's
         eEndEditValidate = 1,  ///< Return or Enter
         eEndEditNext = 2,      ///< Tab: editing moves on to the next control
         eEndEditPrevious = 3,  ///< Shift+Tab: editing moves back to the previous control
-        eEndEditFocusLost = 4, ///< the editor's window was deactivated, or its row went out of sight
+        eEndEditFocusLost = 4, ///< the editor's window was deactivated, its row went out of sight, a choice was picked
     };
 
     CInspectorDataElement() = default;
@@ -69,7 +69,8 @@ public:
     /// widget.
     virtual void UpdateData();
 
-    /// Whether the user may not change the value. The widgets ask before they start editing.
+    /// Whether the user may not change the value: a press on a line or a box does nothing then, and the element does
+    /// not take over what its widget reports.
     virtual bool IsReadOnly();
 
     /// Stores the flag that IsReadOnly answers. Neither notifies anybody nor refreshes the widget.
@@ -143,7 +144,8 @@ public:
     /// Gives the control its size in pixels. While the content is hidden the size is 0 by 0.
     virtual void ResizeWidget(int in_iWidth, int in_iHeight) = 0;
 
-    /// Places the control, in pixels of the view's content widget, the scroll offset taken off.
+    /// Places the control, in pixels of the view's content widget. A layout calls it twice: first as if nothing were
+    /// scrolled, then with the scroll offset taken off.
     virtual void MoveWidget(int in_iX, int in_iY) = 0;
 
     /// Shows the control; called when it is added to a view.

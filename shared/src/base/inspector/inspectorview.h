@@ -69,7 +69,8 @@ public:
         eNoLabelColumn = 1
     };
 
-    /// One control, or one single-line container, with the rectangle that the last layout gave it.
+    /// One control, or one single-line container, with the rectangle that the last layout gave it. Made by the view's
+    /// AddElement and AddSingleLineContainer: only they see to it that no pointer dangles.
     struct INSPECTOR_EXPORT sInspectorHolder
     {
         sInspectorHolder() = default;
@@ -154,14 +155,14 @@ public:
     virtual void RemoveAll();
 
     /// Adds a titled group after the last child of `in_pParent`, or at top level when that is null, and asks for a
-    /// repaint. A null `in_strName` is an empty title: a frame only.
+    /// repaint. A null `in_strName` is an empty title: a frame only. Under anything but a group nothing is laid out.
     /// \return the group, to be given as parent; owned by the view
     virtual sInspectorElement* AddGroup(const char* in_strName, sInspectorElement* in_pParent);
 
     /// Adds a control. Under a group, or at top level for a null `in_pParent`, it becomes a row labelled `in_strLabel`
     /// (null: no label); under a container from AddSingleLineContainer it joins the container's controls and the
     /// label is ignored. The widget is parented into the view and shown, and a repaint is asked for.
-    /// \param in_pRequest copied when not null
+    /// \param in_pRequest its five values are copied when it is not null; overrides of a derived class are not called
     /// \return the control's holder, owned by the view; null when showing the widget destroyed or emptied the view
     virtual sInspectorHolder* AddElement(CInspectorDataElement* in_pElement, CInspectorDataWidget* in_pWidget,
                                          const char* in_strLabel, sRequestSize* in_pRequest,
@@ -248,7 +249,8 @@ public:
     /// A new empty holder, owned by the view.
     sInspectorHolder* CreateNewHolder();
 
-    /// Shows or hides the whole content. Does nothing when that is the present state, unless forced.
+    /// Shows or hides the whole content. Does nothing when that is the present state, unless forced. Shown controls
+    /// stand as if nothing were scrolled, until the next layout or scroll step: call RecomputeLayout after it.
     void ShowContent(bool in_bShow, bool in_bForce);
 
     /// The holder of a widget, null when the widget is null or not in the tree.

@@ -19,8 +19,8 @@ class QPainter;
 /// values.
 ///
 /// The application puts it into a window, wires it to its controller, fills it (see CInspectorView) and calls
-/// ResizeInspector whenever the space for it changes; a layout of Qt's resizes the widget only. Before deleting it from
-/// inside a handler that a paint reached, use deleteLater; everywhere else it may be deleted at once.
+/// ResizeInspector whenever the space for it changes; a layout of Qt's resizes the widget only. Inside a handler that a
+/// paint reached, and inside MoveWidget while the user scrolls, delete it by deleteLater; everywhere else at once.
 class INSPECTOR_EXPORT CQTInspectorView : public QWidget, public CInspectorView
 {
     Q_OBJECT
