@@ -239,7 +239,7 @@ public:
     std::string m_strPressed = "app";
     std::string m_strOpen;
 
-    const std::vector<sAct> m_opening = {{"nothing", 0, [this] {}},
+    const std::vector<sAct> m_opening = {{"nothing", 0, [] {}},
                                          {"line", 0, [this] { Open("line"); }},
                                          {"list", 0, [this] { Open("enum"); }},
                                          {"text", 0, [this] { Open("text"); }}};
@@ -249,7 +249,7 @@ public:
         {"Return", 0, [this] { Key(Qt::Key_Return); }},
         {"Backtab", 0, [this] { Key(Qt::Key_Backtab); }},
         {"choice", 2,
-         [this] {
+         [] {
              const std::shared_ptr<CInPlaceList> p = CQTEnumDataWidget::g_pInPlaceList;
              p && p->isVisible() ? QTest::mouseClick(p->viewport(), Qt::LeftButton, {}, QPoint(5, 5)) : void();
          }},
