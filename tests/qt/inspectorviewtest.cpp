@@ -30,10 +30,16 @@ struct CNotingRow : CQTStaticWidget
     bool event(QEvent* in_pEvent) override
     {
         m_types << in_pEvent->type();
+        if (m_bDies && in_pEvent->type() == QEvent::MouseButtonPress)
+        {
+            delete this;
+            return true;
+        }
         return CQTStaticWidget::event(in_pEvent);
     }
 
     QList<int> m_types;
+    bool m_bDies = false; ///< of a press
 };
 
 /// What the user sees of a page; first everything is painted again if asked for.
@@ -152,6 +158,10 @@ void InspectorViewTest::RightButton()
     ClickThroughWindow(pRow, Qt::RightButton, QPoint(30, 9), QTest::MouseRelease);
     QVERIFY(pRow->m_types.contains(QEvent::MouseMove) && pRow->m_types.contains(QEvent::MouseButtonRelease));
     QVERIFY(pRow->m_types.contains(QEvent::MouseButtonPress) && pRow->hasFocus());
+    (new QWidget(pRow))->show(); // passes the press on to the row
+    pRow->m_bDies = true;
+    ClickThroughWindow(pRow, Qt::RightButton, QPoint(9, 9));
+    QVERIFY(!page.WidgetAt<QWidget>(0));
 }
 
 void InspectorViewTest::ScreenFollowsValues()

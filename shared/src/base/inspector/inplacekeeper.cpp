@@ -2,6 +2,20 @@
 
 #include "inspectorqt.h"
 
+namespace
+{
+/// To a widget and on to what is around it, until somebody takes it.
+void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
+{
+    in_pWheel->ignore();
+    while (in_pWidget && !in_pWheel->isAccepted())
+    {
+        QCoreApplication::sendEvent(in_pWidget, in_pWheel);
+        in_pWidget = in_pWidget && !in_pWidget->isWindow() ? in_pWidget->parentWidget() : nullptr;
+    }
+}
+} // namespace
+
 QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
 {
     return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_pWidget->mapToGlobal(in_rect.bottomRight()));
@@ -101,7 +115,7 @@ bool CInPlaceKeeper::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     case QEvent::Wheel:
         if (m_eKind == eLine && in_pWatched == m_pEditor)
         {
-            QCoreApplication::sendEvent(m_pOver, in_pEvent);
+            PassWheel(m_pOver, in_pEvent);
             return true;
         }
         return false;

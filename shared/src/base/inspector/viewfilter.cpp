@@ -4,6 +4,40 @@
 #include "inspectorqt.h"
 #include "qtsimpledatawidget.h"
 
+namespace
+{
+QWidget* Hit(QWidget* in_pNative, const QPoint& in_position)
+{
+    QWidget* pChild = in_pNative->childAt(in_position);
+    return pChild ? pChild : in_pNative;
+}
+
+/// What Qt gives the focus when a widget is clicked, null for nothing.
+QWidget* ClickFocusTaker(QWidget* in_pHit)
+{
+    while (in_pHit && !(in_pHit->isEnabled() && in_pHit->focusPolicy() & Qt::ClickFocus))
+    {
+        in_pHit = in_pHit->isWindow() ? nullptr : in_pHit->parentWidget();
+    }
+    return in_pHit;
+}
+
+/// Sends a widget what a native widget got. No context menu is asked of a widget that its press has destroyed.
+void Deliver(const QWidget& in_native, const QMouseEvent& in_event, QPointer<QWidget> in_pTarget)
+{
+    const QPoint global = in_native.mapToGlobal(in_event.pos());
+    const QPoint position = in_pTarget->mapFromGlobal(global);
+    QMouseEvent event(in_event.type(), position, global, in_event.button(), in_event.buttons(), in_event.modifiers());
+    const bool bMenu = event.button() == Qt::RightButton && event.type() == InspectorQt::ContextMenuTrigger();
+    QCoreApplication::sendEvent(in_pTarget, &event);
+    if (bMenu && in_pTarget)
+    {
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, position, global, event.modifiers());
+        QCoreApplication::sendEvent(in_pTarget, &menu);
+    }
+}
+} // namespace
+
 CViewFilter::CViewFilter(QWidget* in_pView, QWidget* in_pContent, QScrollBar* in_pScrollBar)
     : QObject(in_pView),
       m_pView(in_pView),
@@ -45,8 +79,9 @@ bool CViewFilter::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     }
     switch (in_pEvent->type())
     {
-    case QEvent::Wheel:
-        return Scroll(in_pEvent);
+    case QEvent::Wheel: // not of what has left its row since
+        return (in_pWatched == m_pView || m_pView->isAncestorOf(static_cast<QWidget*>(in_pWatched))) &&
+               Scroll(in_pEvent);
     case QEvent::Show:
     case QEvent::Paint: // a widget around the view may have become native without a word
         if (in_pWatched == m_pView && (in_pEvent->type() == QEvent::Show || m_window != m_pView->effectiveWinId()))
@@ -76,10 +111,10 @@ bool CViewFilter::IsOutOfSight(QObject* in_pWatched) const
            !m_pContent->rect().intersects(static_cast<QWidget*>(in_pWatched)->geometry());
 }
 
-/// What a data widget is given inside later is watched too.
+/// What a data widget is given inside later is watched too; its dialogs are not.
 void CViewFilter::WatchChild(QObject* in_pChild, const QObject* in_pParent)
 {
-    if (in_pParent != m_pView && in_pChild->isWidgetType())
+    if (in_pParent != m_pView && in_pChild->isWidgetType() && !static_cast<QWidget*>(in_pChild)->isWindow())
     {
         WatchControl(static_cast<QWidget*>(in_pChild));
     }
@@ -99,7 +134,8 @@ bool CViewFilter::Scroll(QEvent* in_pWheel)
 bool CViewFilter::FilterWindow(QObject* in_pWindow, QEvent* in_pEvent)
 {
     const QEvent::Type eType = in_pEvent->type();
-    if (eType != QEvent::MouseButtonPress && !m_pPressed)
+    const bool bPress = eType == QEvent::MouseButtonPress;
+    if (!bPress && !(m_bDelivers && (eType == QEvent::MouseMove || eType == QEvent::MouseButtonRelease)))
     {
         return false;
     }
@@ -108,47 +144,100 @@ bool CViewFilter::FilterWindow(QObject* in_pWindow, QEvent* in_pEvent)
     {
         return false;
     }
-    if (eType == QEvent::MouseMove || eType == QEvent::MouseButtonRelease)
+    const QWidget* pPopup = QApplication::activePopupWidget();
+    if (pPopup && pPopup != m_pView->window())
     {
-        return DeliverToPressed(pNative, *static_cast<QMouseEvent*>(in_pEvent));
+        m_bDelivers = false; // the pop-up gets the mouse
+        return false;
     }
-    return eType == QEvent::MouseButtonPress && TakePress(in_pWindow, pNative, *static_cast<QMouseEvent*>(in_pEvent));
+    const QMouseEvent& event = *static_cast<QMouseEvent*>(in_pEvent);
+    return bPress && !m_bDelivers ? TakePress(in_pWindow, pNative, event) : Follow(*pNative, event);
 }
 
 bool CViewFilter::TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMouseEvent& in_press)
 {
-    if (QWidget::mouseGrabber() || in_press.buttons() != Qt::MouseButtons(in_press.button()))
-    {
-        return false; // it goes to who has the mouse
-    }
-    const QPointer<QObject> pWindow = in_pWindow;
     const QPointer<QObject> self = this;
+    const QPointer<QObject> pWindow = in_pWindow;
+    const bool bFirst = in_press.buttons() == Qt::MouseButtons(in_press.button());
+    if (bFirst && !QWidget::mouseGrabber())
+    {
+        EndEdits(in_pNative, in_press);
+    }
+    if (!pWindow || !self)
+    {
+        return !pWindow;
+    }
+    m_pPressed = bFirst ? Hit(in_pNative, in_press.pos()) : m_pPressed.data();
+    const QPointer<QWidget> pTarget = QWidget::mouseGrabber() ? QWidget::mouseGrabber() : m_pPressed.data();
+    if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) || !IsInRow(pTarget))
+    {
+        return false;
+    }
+    m_bDelivers = bFirst && pTarget == m_pPressed; // the rest goes where Qt has sent the beginning
+    GiveFocus(pTarget);
+    if (pWindow && pTarget)
+    {
+        Deliver(*in_pNative, in_press, pTarget);
+    }
+    return true;
+}
+
+/// What follows a press is for the widget that was pressed, wherever the mouse is, until all buttons are up.
+bool CViewFilter::Follow(const QWidget& in_native, const QMouseEvent& in_event)
+{
+    const QWidget* pGrabber = QWidget::mouseGrabber();
+    const bool bHeld = in_event.buttons() != Qt::NoButton;
+    const bool bOurs = m_pPressed && m_pPressed->isVisible() && (!pGrabber || pGrabber == m_pPressed) &&
+                       (bHeld || in_event.type() == QEvent::MouseButtonRelease);
+    m_bDelivers = bOurs && bHeld;
+    if (bOurs)
+    {
+        Deliver(in_native, in_event, m_pPressed);
+    }
+    return bOurs;
+}
+
+bool CViewFilter::IsInRow(QWidget* in_pWidget) const
+{
+    while (in_pWidget && in_pWidget->parentWidget() != m_pContent)
+    {
+        in_pWidget = in_pWidget->isWindow() ? nullptr : in_pWidget->parentWidget();
+    }
+    return dynamic_cast<CInspectorDataWidget*>(in_pWidget);
+}
+
+/// Qt gives the focus to what was pressed and then goes on with it. A data widget that thereby loses the focus reports,
+/// which may destroy what was pressed: it loses the focus here, before Qt looks for what that is.
+void CViewFilter::EndEdits(QWidget* in_pNative, const QMouseEvent& in_press)
+{
+    const QPointer<QObject> self = this;
+    const QPointer<QWidget> pNative = in_pNative;
     if (in_press.button() == Qt::RightButton && CQTSimpleDataWidget::g_pInPlace)
     {
         QEvent deactivation(QEvent::WindowDeactivate); // which a context menu would cause while Qt opens the menu
         QCoreApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &deactivation);
     }
-    if (pWindow && self)
-    {
-        ReleaseFocus(in_pNative, in_press.pos());
-    }
-    return !pWindow || (self && DeliverRightPress(in_pNative, in_press));
-}
-
-/// Qt gives the focus to what was pressed and then goes on with it. A data widget that thereby loses the focus reports,
-/// which may destroy what was pressed: it loses the focus here, before Qt looks for what that is.
-void CViewFilter::ReleaseFocus(QWidget* in_pNative, const QPoint& in_position)
-{
     const QWidget* pFocused = QApplication::focusWidget();
-    const QWidget* pHit = in_pNative->childAt(in_position);
-    const QWidget* pPressed = !pFocused ? nullptr : pHit ? pHit : in_pNative;
-    while (pPressed && pPressed != pFocused && !(pPressed->isEnabled() && pPressed->focusPolicy() & Qt::ClickFocus))
-    {
-        pPressed = pPressed->isWindow() ? nullptr : pPressed->parentWidget();
-    }
-    if (pPressed && pPressed != pFocused && !pPressed->isAncestorOf(pFocused) && pPressed->focusProxy() != pFocused)
+    const QWidget* pTaker = self && pNative && pFocused ? ClickFocusTaker(Hit(pNative, in_press.pos())) : nullptr;
+    if (pTaker && pTaker != pFocused && pTaker->focusProxy() != pFocused)
     {
         TakeFocus();
+    }
+}
+
+/// By way of the window: what loses the focus, a data widget of another view for instance, may destroy who gets it.
+void CViewFilter::GiveFocus(QWidget* in_pPressed)
+{
+    const QPointer<QWidget> pTaker = ClickFocusTaker(in_pPressed);
+    const QWidget* pFocused = QApplication::focusWidget();
+    if (!pTaker || pTaker == pFocused || (pFocused && pTaker->focusProxy() == pFocused))
+    {
+        return;
+    }
+    pTaker->window()->setFocus(Qt::MouseFocusReason);
+    if (pTaker)
+    {
+        pTaker->setFocus(Qt::MouseFocusReason);
     }
 }
 
@@ -170,51 +259,4 @@ void CViewFilter::TakeFocus()
         // QWidget::clearFocus would not survive the death of its widget.
         pFocused->window()->setFocus(Qt::OtherFocusReason);
     }
-}
-
-bool CViewFilter::DeliverRightPress(QWidget* in_pNative, const QMouseEvent& in_press)
-{
-    QWidget* pHit = in_pNative->childAt(in_press.pos());
-    const QPointer<QWidget> pControl = pHit ? pHit : in_pNative;
-    const QWidget* pPopup = QApplication::activePopupWidget();
-    if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) ||
-        pControl->parentWidget() != m_pContent || !dynamic_cast<CInspectorDataWidget*>(pControl.data()) ||
-        (pPopup && pPopup != m_pView->window()))
-    {
-        return false;
-    }
-    const QPointer<QObject> self = this;
-    const QPointer<QWidget> pNative = in_pNative;
-    if (pControl->isEnabled() && pControl->focusPolicy() & Qt::ClickFocus)
-    {
-        pControl->setFocus(Qt::MouseFocusReason);
-    }
-    if (self && pNative && pControl)
-    {
-        m_pPressed = pControl;
-        DeliverToPressed(pNative, in_press);
-    }
-    return true;
-}
-
-/// What follows a press is for the widget that was pressed, wherever the mouse is, until the button is up.
-bool CViewFilter::DeliverToPressed(const QWidget* in_pNative, const QMouseEvent& in_event)
-{
-    const QPointer<QWidget> pPressed = m_pPressed;
-    const bool bHeld = in_event.buttons() & Qt::RightButton;
-    m_pPressed = bHeld ? pPressed : nullptr;
-    if (!bHeld && in_event.button() != Qt::RightButton)
-    {
-        return false; // somebody else got the release
-    }
-    const QPoint global = in_pNative->mapToGlobal(in_event.pos());
-    const QPoint position = pPressed->mapFromGlobal(global);
-    QMouseEvent event(in_event.type(), position, global, in_event.button(), in_event.buttons(), in_event.modifiers());
-    QCoreApplication::sendEvent(pPressed, &event);
-    if (pPressed && in_event.button() == Qt::RightButton && in_event.type() == InspectorQt::ContextMenuTrigger())
-    {
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, position, global, in_event.modifiers());
-        QCoreApplication::sendEvent(pPressed, &menu);
-    }
-    return true;
 }

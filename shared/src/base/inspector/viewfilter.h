@@ -37,15 +37,17 @@ private:
     bool Scroll(QEvent* in_pWheel);
     bool FilterWindow(QObject* in_pWindow, QEvent* in_pEvent);
     bool TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMouseEvent& in_press);
-    void ReleaseFocus(QWidget* in_pNative, const QPoint& in_position);
-    bool DeliverRightPress(QWidget* in_pNative, const QMouseEvent& in_press);
-    bool DeliverToPressed(const QWidget* in_pNative, const QMouseEvent& in_event);
+    bool Follow(const QWidget& in_native, const QMouseEvent& in_event);
+    bool IsInRow(QWidget* in_pWidget) const;
+    void EndEdits(QWidget* in_pNative, const QMouseEvent& in_press);
+    static void GiveFocus(QWidget* in_pPressed);
 
     QWidget* m_pView;
     QWidget* m_pContent;
     QScrollBar* m_pScrollBar;
     WId m_window = 0;             ///< the native window that the view was in when it was last shown or painted
-    QPointer<QWidget> m_pPressed; ///< the data widget that got the right button from here
+    QPointer<QWidget> m_pPressed; ///< what is under the first button that went down
+    bool m_bDelivers = false;     ///< it got that button from here, and gets the rest from here
 };
 
 #endif
