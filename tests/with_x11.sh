@@ -28,7 +28,7 @@ fail() {
 }
 
 # Death signals end server and program even when this script is killed outright; openbox ends with the server.
-exec {number}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -noreset)
+exec {number}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -noreset -r)
 server=$!
 read -r -t 30 display <&"$number" || fail "Xvfb did not start"
 export DISPLAY=":$display"
