@@ -23,17 +23,18 @@ QWidget* ClickFocusTaker(QWidget* in_pHit)
 }
 
 /// Sends a widget what a native widget got. No context menu is asked of a widget that its press has destroyed.
-void Deliver(const QWidget& in_native, const QMouseEvent& in_event, QPointer<QWidget> in_pTarget)
+void Deliver(const QWidget& in_native, const QMouseEvent& in_event, QWidget* in_pTarget)
 {
+    const QPointer<QWidget> pTarget = in_pTarget;
     const QPoint global = in_native.mapToGlobal(in_event.pos());
     const QPoint position = in_pTarget->mapFromGlobal(global);
     QMouseEvent event(in_event.type(), position, global, in_event.button(), in_event.buttons(), in_event.modifiers());
     const bool bMenu = event.button() == Qt::RightButton && event.type() == InspectorQt::ContextMenuTrigger();
-    QCoreApplication::sendEvent(in_pTarget, &event);
-    if (bMenu && in_pTarget)
+    QCoreApplication::sendEvent(pTarget, &event);
+    if (bMenu && pTarget)
     {
         QContextMenuEvent menu(QContextMenuEvent::Mouse, position, global, event.modifiers());
-        QCoreApplication::sendEvent(in_pTarget, &menu);
+        QCoreApplication::sendEvent(pTarget, &menu);
     }
 }
 } // namespace
