@@ -152,7 +152,7 @@ void InspectorViewTest::RightButton()
     ClickThroughWindow(&page.m_window, Qt::LeftButton, QPoint(9, 390), QTest::MousePress);
     ClickThroughWindow(pRow, Qt::RightButton, QPoint(9, 9));
     ClickThroughWindow(&page.m_window, Qt::LeftButton, QPoint(9, 390), QTest::MouseRelease);
-    QVERIFY(!pRow->m_types.contains(QEvent::MouseButtonPress) || qVersion()[0] == '4'); // sent past Qt 4
+    QVERIFY(!pRow->m_types.contains(QEvent::MouseButtonPress) || qVersion()[0] == '4'); // which gets it sent to the row
     ClickThroughWindow(pRow, Qt::RightButton, QPoint(9, 9), QTest::MousePress);
     ClickThroughWindow(pRow, Qt::NoButton, QPoint(30, 9), QTest::MouseMove);
     ClickThroughWindow(pRow, Qt::RightButton, QPoint(30, 9), QTest::MouseRelease);

@@ -12,14 +12,16 @@ QWidget* Hit(QWidget* in_pNative, const QPoint& in_position)
     return pChild ? pChild : in_pNative;
 }
 
-/// What Qt gives the focus when a widget is clicked, null for nothing.
+/// What Qt gives the focus when a widget is clicked, null for nothing or what has it already.
 QWidget* ClickFocusTaker(QWidget* in_pHit)
 {
     while (in_pHit && !(in_pHit->isEnabled() && in_pHit->focusPolicy() & Qt::ClickFocus))
     {
         in_pHit = in_pHit->isWindow() ? nullptr : in_pHit->parentWidget();
     }
-    return in_pHit;
+    const QWidget* pFocused = QApplication::focusWidget();
+    const bool bHasIt = in_pHit && pFocused && (in_pHit == pFocused || in_pHit->focusProxy() == pFocused);
+    return bHasIt ? nullptr : in_pHit;
 }
 
 /// Sends a widget what a native widget got. No context menu is asked of a widget that its press has destroyed.
@@ -168,7 +170,10 @@ bool CViewFilter::TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMou
     {
         return !pWindow;
     }
-    m_pPressed = bFirst ? Hit(in_pNative, in_press.pos()) : m_pPressed.data();
+    if (bFirst)
+    {
+        m_pPressed = Hit(in_pNative, in_press.pos());
+    }
     const QPointer<QWidget> pTarget = QWidget::mouseGrabber() ? QWidget::mouseGrabber() : m_pPressed.data();
     if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) || !IsInRow(pTarget))
     {
@@ -218,9 +223,7 @@ void CViewFilter::EndEdits(QWidget* in_pNative, const QMouseEvent& in_press)
         QEvent deactivation(QEvent::WindowDeactivate); // which a context menu would cause while Qt opens the menu
         QCoreApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &deactivation);
     }
-    const QWidget* pFocused = QApplication::focusWidget();
-    const QWidget* pTaker = self && pNative && pFocused ? ClickFocusTaker(Hit(pNative, in_press.pos())) : nullptr;
-    if (pTaker && pTaker != pFocused && pTaker->focusProxy() != pFocused)
+    if (self && pNative && ClickFocusTaker(Hit(pNative, in_press.pos())))
     {
         TakeFocus();
     }
@@ -230,12 +233,10 @@ void CViewFilter::EndEdits(QWidget* in_pNative, const QMouseEvent& in_press)
 void CViewFilter::GiveFocus(QWidget* in_pPressed)
 {
     const QPointer<QWidget> pTaker = ClickFocusTaker(in_pPressed);
-    const QWidget* pFocused = QApplication::focusWidget();
-    if (!pTaker || pTaker == pFocused || (pFocused && pTaker->focusProxy() == pFocused))
+    if (pTaker)
     {
-        return;
+        pTaker->window()->setFocus(Qt::MouseFocusReason);
     }
-    pTaker->window()->setFocus(Qt::MouseFocusReason);
     if (pTaker)
     {
         pTaker->setFocus(Qt::MouseFocusReason);
