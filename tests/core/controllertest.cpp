@@ -56,6 +56,13 @@ const std::map<std::string, std::function<void(CItems&)>> g_actions = {
     {"queue for b", [](CItems& io) { io.Queue(1, "5"); }},
     {"queue for c", [](CItems& io) { io.Queue(2, "5"); }},
     {"queue for all", [](CItems& io) { io.QueueForAll("5"); }},
+    {"queue two by a dying one",
+     [](CItems& io) {
+         CFakeNotice* pNotice = new CFakeNotice(io.journal, "5");
+         pNotice->m_onDestroy = [&io] { io.Queue(0, "6"), io.QueueForAll("7"); };
+         io.controller->DirtifyItem(io.items[0], pNotice);
+     }},
+    {"throw", [](CItems&) { throw 1; }},
     {"handle", [](CItems& io) { io.controller->HandleDirtyItems(); }},
     {"delete view", [](CItems& io) { io.view.reset(); }},
     {"delete controller", [](CItems& io) { io.controller.reset(); }},
@@ -75,6 +82,9 @@ TEST(Controller, CallbacksThatChangeThePage)
         {"queue for b", "2", "~2 3@b ~3 5@b ~5 4@c ~4"},
         {"queue for c", "2", "~2 3@b ~3 4@c ~4 5@c ~5"},
         {"queue for all", "2", "~2 3@b ~3 4@c ~4 controller1 ~5"},
+        {"queue two by a dying one", "2", "~2 3@b ~3 4@c ~4 ~5 ~6 ~7"},
+        {"throw", "2", "~2 ~3 ~4 controller1 ~8"},
+        {"throw", "controller", "~2 ~3 ~4 ~0 controller1 ~8"},
         {"handle", "2", "~2 3@b ~3 4@c ~4"},
         {"delete view", "2", "~2 3@b ~3 4@c ~4"},
         {"delete controller", "2", "~3 ~4 " + strAll + " ~2"},
@@ -109,7 +119,15 @@ TEST(Controller, CallbacksThatChangeThePage)
         page.controller->m_onHandle[row[1]] = action;
         static_cast<CFakeNotice*>(page.controller->m_dirtyController[0])->m_onDestroy =
             row[1] == "~0" ? action : nullptr;
-        row[1] == "connect" ? page.controller->ConnectDataElements() : page.view->OnPreDraw();
+        try
+        {
+            row[1] == "connect" ? page.controller->ConnectDataElements() : page.view->OnPreDraw();
+        }
+        catch (int)
+        {
+            page.controller->m_onHandle.clear();
+            page.QueueForAll("8");
+        }
         row[1] != "connect" && page.controller ? page.controller->HandleDirtyItems() : void();
         EXPECT_EQ(row[2], page.journal.strLog);
     }

@@ -164,25 +164,29 @@ void CInspectorController::DropNotices(sInspectorControllerData* in_pItem)
 
 void CInspectorController::DropAllItemNotices()
 {
-    std::map<sInspectorControllerData*, std::vector<IDirtyControllerDataInfo*>> dropped;
-    dropped.swap(m_dirtyItems);
-    for (auto& entry : dropped)
+    const tSelf self(this);
+    while (self && !m_dirtyItems.empty())
     {
-        DeleteAll(std::move(entry.second));
+        std::map<sInspectorControllerData*, std::vector<IDirtyControllerDataInfo*>> dropped;
+        dropped.swap(m_dirtyItems);
+        for (auto& entry : dropped)
+        {
+            DeleteAll(std::move(entry.second)); // whose destructors may queue more
+        }
     }
 }
 
 /// By index, as a notice's destructor may queue another.
-void CInspectorController::DropControllerNotices()
+void CInspectorController::DropControllerNotices(std::size_t in_uFirst)
 {
     const tSelf self(this);
-    for (std::size_t i = 0; self && i < m_dirtyController.size(); ++i)
+    for (std::size_t u = in_uFirst; self && u < m_dirtyController.size(); ++u)
     {
-        DeleteAndClear(m_dirtyController[i]);
+        DeleteAndClear(m_dirtyController[u]);
     }
-    if (self)
+    if (self && in_uFirst < m_dirtyController.size())
     {
-        m_dirtyController.clear();
+        m_dirtyController.resize(in_uFirst);
     }
 }
 
@@ -231,13 +235,10 @@ void CInspectorController::ClearAllData()
     {
         pView->RemoveAll();
     }
-    if (self)
+    while (self && !(m_dirtyController.empty() && m_dirtyItems.empty()))
     {
-        DropControllerNotices();
-    }
-    while (self && !m_dirtyItems.empty())
-    {
-        DropAllItemNotices(); // queued meanwhile for items that are gone
+        DropControllerNotices(0);
+        self ? DropAllItemNotices() : void(); // queued meanwhile for items that are gone
     }
 }
 
@@ -278,6 +279,27 @@ void CInspectorController::DirtifyController(IDirtyControllerDataInfo* in_pInfo)
     DirtyView();
 }
 
+/// However a pass ends, be it by an exception of a handler, the next one finds neither this one under way nor anything
+/// that it has left behind.
+struct CInspectorController::sPass
+{
+    explicit sPass(CInspectorController& io_controller) : self(&io_controller) { io_controller.m_bHandling = true; }
+    ~sPass()
+    {
+        self ? self->DropAllItemNotices() : void();
+        self ? self->DropControllerNotices(uWaiting) : void();
+        if (self)
+        {
+            self->m_bHandling = false;
+        }
+    }
+    sPass(const sPass&) = delete;
+    sPass& operator=(const sPass&) = delete;
+
+    const tSelf self;
+    std::size_t uWaiting = 0; ///< so many of the controller's notices are for the next pass
+};
+
 void CInspectorController::HandleDirtyItems()
 {
     if (m_bHandling)
@@ -285,16 +307,15 @@ void CInspectorController::HandleDirtyItems()
         return;
     }
     View();
-    const tSelf self(this);
-    m_bHandling = true;
-    HandleControllerNotices(self);
-    if (self)
+    sPass pass(*this);
+    HandleControllerNotices(pass.self);
+    if (pass.self)
     {
-        HandleItemNotices(self);
+        HandleItemNotices(pass.self);
     }
-    if (self)
+    if (pass.self)
     {
-        m_bHandling = false;
+        pass.uWaiting = m_dirtyController.size(); // queued while the items' were handled
     }
 }
 
@@ -307,7 +328,7 @@ void CInspectorController::HandleControllerNotices(const tSelf& in_self)
     HandleDirtyController(m_dirtyController);
     if (in_self)
     {
-        DropControllerNotices();
+        DropControllerNotices(0);
     }
 }
 
@@ -325,7 +346,6 @@ void CInspectorController::HandleItemNotices(const tSelf& in_self)
         }
         it = m_dirtyItems.upper_bound(pItem);
     }
-    DropAllItemNotices();
 }
 
 void CInspectorController::HandleNoticesOf(sInspectorControllerData* in_pItem, const tSelf& in_self)
@@ -334,10 +354,8 @@ void CInspectorController::HandleNoticesOf(sInspectorControllerData* in_pItem, c
     for (std::size_t i = 0; in_self && (item || !in_pItem) && i < m_dirtyItems[in_pItem].size(); ++i)
     {
         // Its slot is emptied first: when the handler drops the item's notices, this one is still deleted only here.
-        IDirtyControllerDataInfo* pNotice = nullptr;
-        std::swap(pNotice, m_dirtyItems[in_pItem][i]);
-        HandleDirtyItem(in_pItem, pNotice);
-        delete pNotice;
+        const std::unique_ptr<IDirtyControllerDataInfo> notice(std::exchange(m_dirtyItems[in_pItem][i], nullptr));
+        HandleDirtyItem(in_pItem, notice.get());
     }
 }
 

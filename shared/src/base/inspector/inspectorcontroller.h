@@ -63,7 +63,8 @@ public:
 
     CInspectorController() = default;
 
-    /// Clears all data; a view wired to this controller forgets it.
+    /// Clears all data; a view wired to this controller forgets it. The derived controller is gone by then: when an
+    /// element's Disconnect or the destructor of an item's data uses it, call ClearAllData in its own destructor.
     virtual ~CInspectorController();
     CInspectorController(const CInspectorController&) = delete;
     CInspectorController& operator=(const CInspectorController&) = delete;
@@ -120,7 +121,8 @@ public:
     void ClearAllData();
 
     /// Hands all queued notices to the application and deletes them, the controller's first. The view calls it before
-    /// each paint. A call from inside a handler returns at once: the pass under way goes on. Handlers must not throw.
+    /// each paint, where a handler must not throw. Elsewhere an exception reaches the caller, and all notices that are
+    /// still queued are deleted. A call from inside a handler returns at once: the pass under way goes on.
     void HandleDirtyItems();
 
     /// Queues a notice (null: dirty without saying how) for a registered item, takes it over, and asks the view for a
@@ -144,6 +146,7 @@ private:
     friend class CInspectorView;
     friend class CInspectorLink<CInspectorController>;
     typedef CInspectorWatch<CInspectorController> tSelf;
+    struct sPass;
 
     CInspectorView* View();
     void DirtyView();
@@ -151,7 +154,7 @@ private:
     void Unlist(sInspectorControllerData* in_pItem);
     void DropNotices(sInspectorControllerData* in_pItem);
     void DropAllItemNotices();
-    void DropControllerNotices();
+    void DropControllerNotices(std::size_t in_uFirst);
     void HandleControllerNotices(const tSelf& in_self);
     void HandleItemNotices(const tSelf& in_self);
     void HandleNoticesOf(sInspectorControllerData* in_pItem, const tSelf& in_self);

@@ -62,7 +62,8 @@ public:
     /// Takes the initial value from the application's data. Called by CInspectorController::ConnectDataElements.
     virtual void Connect();
 
-    /// Lets go of the application's data. Called before the controller destroys the element.
+    /// Lets go of the application's data. Called before the controller destroys the element; when that is because it
+    /// dies itself, what the application derived from it is gone already, unless that has called ClearAllData.
     virtual void Disconnect();
 
     /// Makes the widget show the element's present value. Call it after changing the value; does nothing without a
