@@ -12,6 +12,7 @@ private slots:
     void initTestCase() { TestSupport::FailOnWarnings(); }
     void Sizes();
     void EnsureVisibleScrolls();
+    void AreasAroundScroll();
     void WheelScrolls();
     void RightButton();
     void ScreenFollowsValues();
@@ -75,11 +76,14 @@ void InspectorViewTest::Sizes()
         }
         QVERIFY(page.Open(200, 50));
         CTestView& view = *page.m_pView;
-        view.m_pScrollBar->setValue(10);
+        view.ScrollTo(10);
+        QCOMPARE(view.m_iOffsetY, row.m_iRows ? 10 : 0);
         view.ResizeInspector(300, row.m_iHeight);
         QVERIFY2(view.size() == QSize(300, row.m_iViewHeight), row.m_strName);
         QVERIFY2(view.m_pContentWidget->size() == QSize(280, row.m_iViewHeight), row.m_strName);
         QVERIFY2(view.m_pScrollBar->isVisible() == (row.m_iMaximum > 0), row.m_strName);
+        QVERIFY2(view.m_iOffsetY == row.m_iMaximum, row.m_strName);
+        view.ScrollTo(1000);
         QVERIFY2(view.m_iOffsetY == row.m_iMaximum, row.m_strName);
     }
 }
@@ -114,6 +118,38 @@ void InspectorViewTest::EnsureVisibleScrolls()
         page.m_pView->EnsureVisible(row.m_iRow < 0 ? &stranger : page.WidgetAt<CInspectorDataWidget>(row.m_iRow));
         QVERIFY2(bar.value() == row.m_iValue, row.m_strName);
         QCOMPARE(page.WidgetAt<QWidget>(2)->y(), 55 - bar.value());
+    }
+}
+
+/// Below something else in an area that is in another one.
+void InspectorViewTest::AreasAroundScroll()
+{
+    CTestPage page;
+    for (int i = 0; i < 9; ++i)
+    {
+        page.AddLine("row", "");
+    }
+    QScrollArea outer(&page.m_window);
+    QScrollArea* pArea = new QScrollArea;
+    QWidget* pContent = new QWidget;
+    page.m_pView->setParent(pContent);
+    page.m_pView->move(0, 70);
+    outer.setGeometry(0, 0, 230, 60);
+    pArea->resize(200, 150);
+    pContent->resize(180, 400);
+    pArea->setWidget(pContent);
+    outer.setWidget(pArea);
+    const int heights[] = {-1, 100};
+    for (const int iHeight : heights)
+    {
+        QVERIFY(page.Open(180, iHeight));
+        const int rows[] = {8, 0, 4, 3, 7};
+        for (const int iRow : rows)
+        {
+            QWidget* pRow = page.WidgetAt<QWidget>(iRow);
+            page.m_pView->EnsureVisible(page.WidgetAt<CInspectorDataWidget>(iRow));
+            QCOMPARE(pRow->visibleRegion().boundingRect(), pRow->rect());
+        }
     }
 }
 

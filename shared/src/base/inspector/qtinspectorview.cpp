@@ -6,6 +6,8 @@
 #include "shapedtexts.h"
 #include "viewfilter.h"
 
+#include <QScrollArea>
+
 #include <algorithm>
 #include <utility>
 
@@ -148,18 +150,46 @@ void CQTInspectorView::EnsureVisible(CInspectorDataWidget* in_pWidget)
     {
         return;
     }
-    const int iTop = pHolder->y - m_iOffsetY;
-    const int iBottom = iTop + pHolder->height;
+    const QRect row(pHolder->x, pHolder->y, pHolder->width, pHolder->height);
+    const int iTop = row.y() - m_iOffsetY;
+    const int iBottom = iTop + row.height();
     int iValue = m_iOffsetY;
     if (iTop < 0)
     {
-        iValue = pHolder->y;
+        iValue = row.y();
     }
     else if (iBottom > m_iViewHeight)
     {
         iValue = iBottom - m_iViewHeight + m_iOffsetY;
     }
+    const QPointer<QWidget> self(this);
     m_pScrollBar->setValue(iValue);
+    if (self)
+    {
+        ShowInAreas(row.translated(0, -m_iOffsetY));
+    }
+}
+
+/// A view as tall as its content scrolls nothing by itself. From the inside out, as each area moves what is in it.
+void CQTInspectorView::ShowInAreas(const QRect& in_row)
+{
+    const QPointer<QWidget> self(this);
+    QPointer<QWidget> pInner = this;
+    while (self && pInner && !pInner->isWindow() && pInner->parentWidget())
+    {
+        auto* pArea = qobject_cast<QScrollArea*>(pInner->parentWidget()->parentWidget());
+        if (pArea && pArea->widget() == pInner)
+        {
+            const QPoint place = mapTo(pInner, QPoint(in_row.left(), in_row.center().y()));
+            pArea->ensureVisible(place.x(), place.y(), 0, in_row.height() / 2 + 1);
+        }
+        pInner = pInner ? pInner->parentWidget() : nullptr;
+    }
+}
+
+void CQTInspectorView::ScrollTo(int in_iY)
+{
+    m_pScrollBar->setValue(m_iViewHeight < m_iContentHeight ? in_iY : 0);
 }
 
 int CQTInspectorView::GetGroupLeftMargin()

@@ -42,7 +42,7 @@ public:
     static void UpdateControl(QWidget* in_pControl);
 
     /// Scrolls as little as needed to show the widget's row; when that is taller than the view, its lower edge, unless
-    /// the row begins above the view.
+    /// the row begins above the view. Each QScrollArea that the view stands in then does the same.
     void EnsureVisible(CInspectorDataWidget* in_pWidget) override;
 
     /// The metrics, in pixels, in preview mode too; override them for others.
@@ -60,6 +60,11 @@ public:
     void OnToggleShowContent(bool in_bShow) override;
     void OnContentHeightSet() override;
     void ParentControlToInspector(CInspectorDataWidget* in_pWidget) override;
+
+    /// Scrolls until the view begins with the content's pixel `in_iY`, or as near to it as the content of the last
+    /// layout lets it; 0 is the beginning. A page that is built anew stays scrolled as the last one was: call
+    /// `ScrollTo(0)` before its layout if it is another object's.
+    void ScrollTo(int in_iY);
 
 public slots:
     /// Scrolls to the scroll bar's value; the parameter is ignored.
@@ -80,6 +85,7 @@ private:
     friend class CQTControl;
 
     static CQTInspectorView* Of(const QWidget* in_pControl);
+    void ShowInAreas(const QRect& in_row);
     void StartPage();
     void Reveal();
     void PreDraw();
