@@ -1,3 +1,4 @@
+#include "inspectortext.h"
 #include "page.h"
 
 #include <QApplication>
@@ -14,11 +15,12 @@ protected:
 
 int main(int argc, char** argv)
 {
+    InspectorText::UseUtf8();
     QApplication application(argc, argv);
     sShape shape;
     CWindow window;
     CShapePage page(shape, window);
-    window.resize(320, 190);
+    window.resize(320, 220);
     window.show();
     return application.exec();
 }

@@ -2,11 +2,28 @@
 
 #include "qtsimpledatawidget.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <cstring>
+#include <sstream>
 
 namespace
 {
+const int g_iLongest = 10000;
+
+/// False for what is no length: nothing is stored then.
+bool Parse(const std::string& in_strText, int& out_iLength)
+{
+    std::istringstream stream(in_strText);
+    int iLength = 0;
+    const bool bNumber = stream >> iLength && (stream >> std::ws).eof(); // too large a number is none either
+    if (bNumber && iLength >= 0 && iLength <= g_iLongest)
+    {
+        out_iLength = iLength;
+        return true;
+    }
+    return false;
+}
+
 /// The rows themselves have to change, not only what they show.
 struct sOtherRows : CInspectorController::IDirtyControllerDataInfo
 {};
@@ -36,16 +53,31 @@ private:
 class CLengthElement : public CSimpleDataElement
 {
 public:
-    explicit CLengthElement(int& io_iModel) : m_iModel(io_iModel) {}
+    CLengthElement(int& io_iModel, std::string& out_strRefusal) : m_iModel(io_iModel), m_strRefusal(out_strRefusal) {}
     void Connect() override { m_strValue = std::to_string(m_iModel); }
+
+    /// All rows then show the model: this one, too, in place of what was refused.
     void InternalValueChanged() override
     {
-        m_iModel = std::atoi(m_strValue.c_str());
+        m_strRefusal =
+            Parse(m_strValue, m_iModel) ? "" : "Not a number up to " + std::to_string(g_iLongest) + ": " + m_strValue;
         m_pController->DirtifyController(nullptr);
     }
 
 private:
     int& m_iModel;
+    std::string& m_strRefusal;
+};
+
+/// Says what was refused last.
+class CRefusalElement : public CStaticDataElement
+{
+public:
+    explicit CRefusalElement(const std::string& in_strRefusal) : m_strRefusal(in_strRefusal) {}
+    void Connect() override { m_strText = m_strRefusal; }
+
+private:
+    const std::string& m_strRefusal;
 };
 
 class CAreaElement : public CStaticDataElement
@@ -75,7 +107,7 @@ public:
 };
 } // namespace
 
-CShapePage::CShapePage(sShape& io_shape, CQTInspectorView& in_view) : m_shape(io_shape)
+CShapePage::CShapePage(sShape& io_shape, CQTInspectorView& in_view) : m_shape(io_shape), m_view(in_view)
 {
     m_pView = &in_view;
     in_view.m_pController = this;
@@ -88,12 +120,10 @@ void CShapePage::ApplicationHook2() {}
 
 void CShapePage::CallCommand(const char* in_strName, unsigned long in_ulArgument)
 {
+    m_strRefusal.clear();
     if (std::strcmp(in_strName, "scale") == 0)
     {
-        const int iFactor = static_cast<int>(in_ulArgument);
-        m_shape.radius *= iFactor;
-        m_shape.width *= iFactor;
-        m_shape.height *= iFactor;
+        Scale(static_cast<int>(in_ulArgument));
     }
     else
     {
@@ -102,6 +132,18 @@ void CShapePage::CallCommand(const char* in_strName, unsigned long in_ulArgument
         m_shape.kind = strKind;
     }
     DirtifyController(nullptr);
+}
+
+void CShapePage::Scale(int in_iFactor)
+{
+    if (std::max({m_shape.radius, m_shape.width, m_shape.height}) > g_iLongest / in_iFactor)
+    {
+        m_strRefusal = "Too large";
+        return;
+    }
+    m_shape.radius *= in_iFactor;
+    m_shape.width *= in_iFactor;
+    m_shape.height *= in_iFactor;
 }
 
 void CShapePage::HandleDirtyItem(sInspectorControllerData*, IDirtyControllerDataInfo*) {}
@@ -135,16 +177,18 @@ void CShapePage::Build()
     AddKind(pGroup);
     if (m_shape.kind == "circle")
     {
-        AddRow(new CLengthElement(m_shape.radius), new CQTSimpleDataWidget, "Radius", pGroup);
+        AddRow(new CLengthElement(m_shape.radius, m_strRefusal), new CQTSimpleDataWidget, "Radius", pGroup);
     }
     else
     {
-        AddRow(new CLengthElement(m_shape.width), new CQTSimpleDataWidget, "Width", pGroup);
-        AddRow(new CLengthElement(m_shape.height), new CQTSimpleDataWidget, "Height", pGroup);
+        AddRow(new CLengthElement(m_shape.width, m_strRefusal), new CQTSimpleDataWidget, "Width", pGroup);
+        AddRow(new CLengthElement(m_shape.height, m_strRefusal), new CQTSimpleDataWidget, "Height", pGroup);
     }
     AddRow(new CAreaElement(m_shape), new CQTStaticWidget, "Area", pGroup);
     AddCommands();
+    AddRow(new CRefusalElement(m_strRefusal), new CQTStaticWidget, nullptr, nullptr);
     ConnectDataElements();
+    m_view.ScrollTo(0);
     m_pView->RecomputeLayout();
 }
 

@@ -34,6 +34,7 @@ public:
 private:
     typedef CInspectorView::sInspectorElement sNode;
 
+    void Scale(int in_iFactor);
     void Build();
     void AddKind(sNode* in_pGroup);
     void AddCommands();
@@ -41,6 +42,8 @@ private:
                 sNode* in_pParent);
 
     sShape& m_shape;
+    CQTInspectorView& m_view; ///< the view that the base knows
+    std::string m_strRefusal; ///< what was typed or asked for last, if it made no sense
 };
 
 #endif

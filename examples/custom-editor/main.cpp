@@ -1,11 +1,12 @@
 #include "inspectorcontroller.h"
+#include "inspectortext.h"
 #include "qtinspectorview.h"
 #include "qtsimpledatawidget.h"
 #include "slider.h"
 
 #include <QApplication>
 
-#include <cstdlib>
+#include <sstream>
 
 namespace
 {
@@ -19,16 +20,42 @@ struct sSound
 class CNumberElement : public CSimpleDataElement
 {
 public:
-    explicit CNumberElement(int& io_iModel) : m_iModel(io_iModel) {}
+    CNumberElement(int& io_iModel, int in_iMinimum, int in_iMaximum, std::string& out_strRefusal)
+        : m_iModel(io_iModel),
+          m_iMinimum(in_iMinimum),
+          m_iMaximum(in_iMaximum),
+          m_strRefusal(out_strRefusal)
+    {}
     void Connect() override { m_strValue = std::to_string(m_iModel); }
+
+    /// The rows then show the model: this one, too, in place of what was refused.
     void InternalValueChanged() override
     {
-        m_iModel = std::atoi(m_strValue.c_str());
+        std::istringstream stream(m_strValue);
+        int iNumber = 0;
+        const bool bNumber = stream >> iNumber && (stream >> std::ws).eof(); // too large a number is none either
+        const bool bFits = bNumber && iNumber >= m_iMinimum && iNumber <= m_iMaximum;
+        m_iModel = bFits ? iNumber : m_iModel;
+        m_strRefusal = bFits ? "" : "Not within the slider's limits: " + m_strValue;
         m_pController->DirtifyController(nullptr);
     }
 
 private:
     int& m_iModel;
+    int m_iMinimum;
+    int m_iMaximum;
+    std::string& m_strRefusal;
+};
+
+/// Says what was refused last.
+class CRefusalElement : public CStaticDataElement
+{
+public:
+    explicit CRefusalElement(const std::string& in_strRefusal) : m_strRefusal(in_strRefusal) {}
+    void Connect() override { m_strText = m_strRefusal; }
+
+private:
+    const std::string& m_strRefusal;
 };
 
 class CSoundController : public CInspectorController
@@ -47,8 +74,11 @@ public:
         width.minimum = width.maximum = 50;
         CInspectorView::sInspectorElement* pRow = m_pView->AddSingleLineContainer(in_strLabel, nullptr, nullptr);
         AddTo(pRow, new CSliderElement(io_iModel, in_iMinimum, in_iMaximum), new CSliderWidget, nullptr);
-        AddTo(pRow, new CNumberElement(io_iModel), new CQTSimpleDataWidget, &width);
+        AddTo(pRow, new CNumberElement(io_iModel, in_iMinimum, in_iMaximum, m_strRefusal), new CQTSimpleDataWidget,
+              &width);
     }
+
+    void AddRefusal() { AddTo(nullptr, new CRefusalElement(m_strRefusal), new CQTStaticWidget, nullptr); }
 
     void ApplicationHook1() override {}
     void ApplicationHook2() override {}
@@ -71,6 +101,8 @@ private:
         AddItem(in_pElement, in_pWidget, nullptr);
         m_pView->AddElement(in_pElement, in_pWidget, nullptr, in_pRequest, in_pRow);
     }
+
+    std::string m_strRefusal; ///< what was typed last, if it made no sense
 };
 
 /// Lays its rows out again whenever its window is resized.
@@ -83,14 +115,16 @@ protected:
 
 int main(int argc, char** argv)
 {
+    InspectorText::UseUtf8();
     QApplication application(argc, argv);
     sSound sound;
     CWindow window;
     CSoundController controller(window);
     controller.AddNumber("Volume", sound.volume, 0, 100);
     controller.AddNumber("Balance", sound.balance, -50, 50);
+    controller.AddRefusal();
     controller.ConnectDataElements();
-    window.resize(360, 80);
+    window.resize(360, 100);
     window.show();
     return application.exec();
 }

@@ -3,16 +3,22 @@
 
 #include "qtinspectorview.h"
 
-/// A view with the metrics of the application.
+/// A view with the metrics and colours of the application.
 class CDemoView : public CQTInspectorView
 {
     Q_OBJECT
 
 public:
+    CDemoView();
+
     /// As high as the font.
     int GetGroupLabelHeight() override;
 
-    void ScrollToTop();
+protected:
+    void changeEvent(QEvent* in_pEvent) override;
+
+private:
+    void TakeColours();
 };
 
 /// A view as one widget among others in a layout: passes on the size that the layout gives.
@@ -31,7 +37,6 @@ public slots:
 
 protected:
     void resizeEvent(QResizeEvent* in_pEvent) override;
-    void changeEvent(QEvent* in_pEvent) override;
 
 private:
     CDemoView* m_pView; ///< a child

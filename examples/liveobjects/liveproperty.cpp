@@ -191,10 +191,10 @@ void CLiveProperty::WritePart(int in_iPart, const QString& in_strText) const
 
 std::string ToBytes(const QString& in_strText)
 {
-    return in_strText.toLatin1().constData();
+    return in_strText.toUtf8().constData();
 }
 
 QString ToText(const std::string& in_strBytes)
 {
-    return QString::fromLatin1(in_strBytes.c_str());
+    return QString::fromUtf8(in_strBytes.c_str());
 }

@@ -56,7 +56,7 @@ private:
     QMetaProperty m_property;
 };
 
-/// Text of the inspector's model side, which is Latin-1, and back.
+/// Text of the inspector's model side, which is UTF-8, and back.
 std::string ToBytes(const QString& in_strText);
 QString ToText(const std::string& in_strBytes);
 

@@ -1,3 +1,4 @@
+#include "inspectortext.h"
 #include "mainwindow.h"
 #include "pictures.h"
 #include "qtcompat.h"
@@ -8,6 +9,7 @@
 
 int main(int argc, char** argv)
 {
+    InspectorText::UseUtf8();
     QtCompat::EnableHighDpiScaling();
     QApplication application(argc, argv);
     const QStringList arguments = application.arguments();

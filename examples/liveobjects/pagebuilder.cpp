@@ -21,17 +21,6 @@ bool NeedsOneControl(const CLiveProperty& in_property)
     return eKind != CLiveProperty::eFlags && eKind != CLiveProperty::eParts;
 }
 
-/// Cannot be worked and shows it, but is as easy to read as any other.
-void MakeReadOnly(QWidget& in_widget)
-{
-    QPalette palette = in_widget.palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window).darker(106));
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::WindowText));
-    palette.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Text));
-    in_widget.setPalette(palette);
-    in_widget.setEnabled(false);
-}
-
 bool IsCommand(const QMetaMethod& in_method)
 {
     return in_method.methodType() == QMetaMethod::Slot && in_method.access() == QMetaMethod::Public &&
@@ -191,10 +180,7 @@ void CPageBuilder::AddRow(CInspectorDataElement* in_pElement, Widget* in_pWidget
                           sNode* in_pParent)
 {
     in_pWidget->setObjectName(QLatin1String(in_strName));
-    if (in_pElement->IsReadOnly())
-    {
-        MakeReadOnly(*in_pWidget);
-    }
+    in_pWidget->setEnabled(!in_pElement->IsReadOnly());
     m_controller.AddItem(in_pElement, in_pWidget, nullptr);
     m_view.AddElement(in_pElement, in_pWidget, in_strName, nullptr, in_pParent);
 }

@@ -36,7 +36,7 @@ class CPictures
 public:
     explicit CPictures(const QString& in_strDirectory);
 
-    bool Write();
+    bool Write(bool in_bDark);
 
 private:
     template <class Widget> void Select();
@@ -56,9 +56,11 @@ CPictures::CPictures(const QString& in_strDirectory) : m_directory(in_strDirecto
     m_window.show();
 }
 
-bool CPictures::Write()
+/// The page is there already when it becomes dark, and has to follow.
+bool CPictures::Write(bool in_bDark)
 {
     Select<QSlider>();
+    SetUpLook(in_bDark);
     Save("page");
     PressRow("value");
     CQTSimpleDataWidget::g_pInPlace->insert(QLatin1String("75"));
@@ -119,6 +121,6 @@ void CPictures::Save(const char* in_strName, QWidget* in_pEditor)
 
 bool WritePictures(const QString& in_strDirectory, bool in_bDark)
 {
-    SetUpLook(in_bDark);
-    return QDir().mkpath(in_strDirectory) && CPictures(in_strDirectory).Write();
+    SetUpLook(false);
+    return QDir().mkpath(in_strDirectory) && CPictures(in_strDirectory).Write(in_bDark);
 }

@@ -1,4 +1,5 @@
 #include "inspectorcontroller.h"
+#include "inspectortext.h"
 #include "qtinspectorview.h"
 #include "qtsimpledatawidget.h"
 
@@ -53,6 +54,7 @@ public:
 
 int main(int argc, char** argv)
 {
+    InspectorText::UseUtf8(); // otherwise texts are Latin-1
     QApplication application(argc, argv);
     sLamp lamp;
     CQTInspectorView view;
