@@ -40,7 +40,7 @@ with_pkgconfig() {
     # Words are meant to be split: they are arguments.
     # shellcheck disable=SC2046
     "$CXX" "$SOURCE/examples/minimal/main.cpp" -o pkgconfig_consumer $(pkg-config --cflags --libs "inspector$SUFFIX")
-    LD_LIBRARY_PATH=$(dirname "$folder") check_that_it_runs ./pkgconfig_consumer
+    LD_LIBRARY_PATH=$(dirname "$folder")${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH} check_that_it_runs ./pkgconfig_consumer
 }
 
 # As a part of another project, and as a static library.

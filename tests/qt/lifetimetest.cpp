@@ -176,6 +176,7 @@ void LifetimeTest::AnyText()
     const QString strLong(1 << 20, QLatin1Char('l'));
     CLivePage page;
     page.Click("line");
+    page.Settle();
     QInputMethodEvent event;
     event.setCommitString(strLong + QChar(0xd800) + QChar(0x20ac) + QChar(0) + QLatin1Char('l'));
     QCoreApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &event);

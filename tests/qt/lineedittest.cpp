@@ -19,6 +19,10 @@ public:
         m_acts["set"] = [this](int in_iRow) { m_lines[in_iRow]->SetText("m"); };
         m_acts["into"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9)); };
         m_acts["menu"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9), Qt::RightButton); };
+        m_acts["latehide"] = [this](int) {
+            QHideEvent event;
+            QCoreApplication::sendEvent(Editor(), &event);
+        };
         m_acts["wheel"] = [this](int in_iRow) { TurnWheel(OnScreen(in_iRow)); };
     }
 
@@ -32,7 +36,10 @@ private:
 
     QWidget* SharedEditor() const override { return Editor(); }
     QRect EditorRect(const QRect& in_row) const override { return in_row; }
-    QString EditedText() const override { return Editor()->text(); }
+    QString EditedText() const override
+    {
+        return Editor()->text() + Latin(Editor()->windowFlags() & Qt::WindowStaysOnTopHint ? ", on top" : "");
+    }
 
     void AddRow(char in_cRow) override
     {
@@ -109,10 +116,13 @@ void LineEditTest::Editing_data()
 
         {"follows the element", "LL", "click0 set0", "@0=m"},
         {"typed text is kept, Escape drops it", "LL", "click0 x set0 Return click0 y set0 Escape", "0=x 0:1 0:0"},
+        {"word of an earlier hide", "LL", "click0 x latehide y", "@0=xy"},
         {"row removed", "LL", "click0 x remove0", "0-"},
         {"last row removed in the report", "LL", "when:clear click0 x Tab", "0=x 0- 1-"},
         {"view deleted in the report", "LL", "when:delete click0 x Tab", "0=x"},
 
+        {"over a window that stays on top", "OLL", "click0 x Tab y", "0=x 0:2 @1=y, on top", eSent | eX11},
+        {"minimized", "LL", "click0 x iconify", "0=x 0:4 iconified", eSent | eX11},
         {"drag, minimize, restore", "LL", "click0 x drag click0 minimize click1 y Return", "0=x 0:4 0:4 1=y 1:1", eX11},
 
         // The cause is then that of the edit before, a lost focus when there was none.

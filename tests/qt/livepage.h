@@ -10,6 +10,7 @@ public:
     ~CAppWidget() override
     {
         ReleaseOwners();
+        resize(1, 1);       // Qt 4 makes it a window of the X server's, for which there are limits
         setParent(nullptr); // what is called now may delete the view
         m_pLog->Note(eWidgetDestructor, "");
     }
@@ -137,6 +138,7 @@ public:
         m_other.show();
         m_other.activateWindow();
         QCoreApplication::processEvents();
+        TestSupport::AwaitActive(&m_other);
         m_other.hide();
     }
 
@@ -186,6 +188,7 @@ public:
     {
         for (int iTurn = 0; iTurn < 3; ++iTurn)
         {
+            TestSupport::AwaitActive();
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QApplication::activePopupWidget() ? QApplication::activePopupWidget()->close() : false;

@@ -55,24 +55,14 @@ public:
 
     static ePlatform Platform()
     {
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-        const QString strName = QGuiApplication::platformName();
+        const QString strName = TestSupport::PlatformName();
         return strName == QLatin1String("xcb") ? eX11 : strName == QLatin1String("wayland") ? eWayland : eSent;
-#else
-        return eX11;
-#endif
     }
 
-    static bool IsReal()
-    {
-        return Platform() != eSent;
-    }
+    static bool IsReal() { return Platform() != eSent; }
 
     /// What the application was told, and what is being edited now.
-    QString State() const
-    {
-        return (m_log.Text() + QLatin1Char(' ') + Editing()).trimmed();
-    }
+    QString State() const { return (m_log.Text() + QLatin1Char(' ') + Editing()).trimmed(); }
 
     /// "@name=text" of the row that the shared editor is open for, ready for keys; empty when it is closed.
     QString Editing() const
@@ -114,12 +104,14 @@ protected:
     virtual QString EditedText() const = 0;
     virtual void AddRow(char in_cRow) = 0;
 
-    /// A row by each letter; M: in a modal window.
+    /// A row by each letter; M: in a modal window, O: in one that stays on top.
     void AddRows(const QString& in_strRows)
     {
         for (const QChar row : in_strRows)
         {
-            row == QLatin1Char('M') ? m_window.setWindowModality(Qt::ApplicationModal) : AddRow(row.toLatin1());
+            row == QLatin1Char('M')   ? m_window.setWindowModality(Qt::ApplicationModal)
+            : row == QLatin1Char('O') ? m_window.setWindowFlags(Qt::WindowStaysOnTopHint)
+                                      : AddRow(row.toLatin1());
         }
     }
 
@@ -206,6 +198,7 @@ private:
         m_acts["blank"] = [=](int) { Click(&m_window, QPoint(330, 230)); };
         m_acts["other"] = [=](int) { Click(m_pOther, QPoint(9, 9)); };
         m_acts["minimize"] = [=](int) { MinimizeAndRestore(); };
+        m_acts["iconify"] = [=](int) { Iconify(); };
         m_acts["drag"] = [=](int) { DragWindow(); };
     }
 
@@ -268,11 +261,24 @@ private:
 
     void MinimizeAndRestore()
     {
-        const std::string strWindow = std::to_string(m_window.winId());
-        Drive("windowminimize " + strWindow);
+        const QPoint before = m_window.mapToGlobal(QPoint());
+        Drive("windowminimize " + std::to_string(m_window.winId()));
         TestSupport::WaitUntil([this] { return m_window.isMinimized(); });
-        Drive("windowactivate " + strWindow);
-        TestSupport::WaitUntil([this] { return QApplication::activeWindow() == &m_window; });
+        Drive("windowactivate " + std::to_string(m_window.winId()));
+        TestSupport::WaitUntil([this, before] { // Qt 4 asks the X server for the place; openbox moves it for a while
+            return QApplication::activeWindow() == &m_window && m_window.mapToGlobal(QPoint()) == before;
+        });
+    }
+
+    /// Ends an edit, and does not come back by itself.
+    void Iconify()
+    {
+        m_window.showMinimized();
+        TestSupport::WaitUntil([this] { return m_window.isMinimized() && !SharedEditor()->isVisible(); });
+        IsReal() ? Drive("windowfocus --sync " + std::to_string(m_pOther->winId()))
+                 : void(); // after what was asked for
+        QCoreApplication::processEvents();
+        m_window.isMinimized() ? m_log.Note(eCommand, "iconified") : void();
     }
 
     /// The window that gets the keys.

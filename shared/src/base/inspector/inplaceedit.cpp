@@ -163,7 +163,7 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
     {
         return EndWith(CInspectorDataElement::eEndEditFocusLost);
     }
-    if (eType == QEvent::Hide && m_bEditing)
+    if (eType == QEvent::Hide && m_bEditing && isHidden())
     {
         EndWith(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
     }

@@ -4,6 +4,9 @@
 
 namespace
 {
+const int g_iLookInterval = 20; ///< in milliseconds
+const int g_iActivations = 25;  ///< somebody else who wants the activation keeps it after half a second
+
 /// To a widget and on to what is around it, until somebody takes it.
 void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
 {
@@ -18,7 +21,7 @@ void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
 
 QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
 {
-    return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_pWidget->mapToGlobal(in_rect.bottomRight()));
+    return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_rect.size()); // Qt 4 asks the X server each time
 }
 
 CInPlaceSinkWatch::CInPlaceSinkWatch(IInPlaceEditSink* in_pSink)
@@ -57,7 +60,9 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     m_bInSight = IsInSight();
     m_bPlacedAgain = false;
     // The flags come first: they would shift a geometry that was set before. On Wayland only a pop-up can be placed.
-    m_pEditor->setWindowFlags(InspectorQt::IsWayland() ? Qt::WindowFlags(Qt::Popup) : in_flags);
+    // An owner that stays on top would cover an editor that the window manager does not know to belong to it.
+    const Qt::WindowFlags onTop = m_pOwner->windowFlags() & Qt::WindowStaysOnTopHint;
+    m_pEditor->setWindowFlags(InspectorQt::IsWayland() ? Qt::WindowFlags(Qt::Popup) : in_flags | onTop);
     m_pEditor->setWindowState(Qt::WindowNoState); // it may have been minimized together with its owner
     InspectorQt::ShareScreen(m_pEditor, in_pOver);
     if (m_eKind == eLine || InspectorQt::IsWayland() || QApplication::activeModalWidget())
@@ -68,6 +73,21 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     qApp->installEventFilter(this);
     m_pEditor->show();
     InspectorQt::Activate(m_pEditor);
+    if (InspectorQt::HearsLate())
+    {
+        m_iActivations = g_iActivations;
+        m_look.start(g_iLookInterval, this);
+    }
+}
+
+/// Where Qt does not tell: activates the editor until it has got there, and looks for where its row is.
+void CInPlaceKeeper::timerEvent(QTimerEvent*)
+{
+    if (QApplication::activeWindow() != m_pEditor && m_iActivations-- > 0)
+    {
+        InspectorQt::Activate(m_pEditor);
+    }
+    RequestCheck();
 }
 
 void CInPlaceKeeper::Close()
@@ -77,6 +97,7 @@ void CInPlaceKeeper::Close()
     const QPointer<QWidget> pOwner = bOverInPlace ? m_pOver->window() : m_pOwner.data();
     const bool bWasActive = QApplication::activeWindow() == m_pEditor;
     qApp->removeEventFilter(this);
+    m_look.stop();
     m_pOver = nullptr;
     m_pOwner = nullptr;
     if (m_eKind == eDropDown && m_pEditor->testAttribute(Qt::WA_WState_Created))
@@ -84,7 +105,7 @@ void CInPlaceKeeper::Close()
         InspectorQt::SetTransientOwner(m_pEditor, nullptr); // or a window manager takes the activation away
     }
     m_pEditor->hide();
-    if (bWasActive && pOwner)
+    if (bWasActive && pOwner && !pOwner->isMinimized()) // which would bring it back
     {
         InspectorQt::Activate(pOwner);
     }
@@ -123,6 +144,7 @@ bool CInPlaceKeeper::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     case QEvent::Resize:
     case QEvent::Hide:
     case QEvent::ParentChange:
+    case QEvent::WindowStateChange:
         if (in_pWatched == m_pEditor || IsOverOrAround(in_pWatched))
         {
             RequestCheck();
@@ -230,5 +252,6 @@ QRect CInPlaceKeeper::OverRect() const
 
 bool CInPlaceKeeper::IsInSight() const
 {
-    return m_pOver->isVisible() && m_pOver->visibleRegion().contains(m_pOver->rect().center());
+    return m_pOver->isVisible() && !m_pOver->window()->isMinimized() &&
+           m_pOver->visibleRegion().contains(m_pOver->rect().center());
 }

@@ -3,6 +3,7 @@
 
 #include "inspectordataelement.h"
 
+#include <QBasicTimer>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
@@ -65,6 +66,7 @@ public:
 
 protected:
     void customEvent(QEvent* in_pEvent) override;
+    void timerEvent(QTimerEvent* in_pEvent) override;
 
 private:
     void RequestCheck();
@@ -85,6 +87,8 @@ private:
     bool m_bInSight = false;
     bool m_bPlacedAgain = false; ///< put back to m_geometry once already; a window manager may insist
     bool m_bCheckPosted = false;
+    QBasicTimer m_look;     ///< runs while the editor is open, where Qt does not tell
+    int m_iActivations = 0; ///< how often the editor may still be activated
     int m_iBusy = 0;
     bool m_bRetired = false;
 };

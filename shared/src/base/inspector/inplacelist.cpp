@@ -209,7 +209,10 @@ bool CInPlaceList::event(QEvent* in_pEvent)
         return bHandled;
     }
     case QEvent::Hide:
-        Dismiss(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
+        if (isHidden()) // on Qt 4 the X server's word of an earlier hide may come after the next show
+        {
+            Dismiss(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
+        }
         break;
     default:
         break;

@@ -77,6 +77,17 @@ inline void Activate(QWidget* in_pWindow)
     }
 }
 
+/// Whether the X server is behind: Qt 4 activates no window of no window manager's before it is on the screen, and says
+/// nothing when a window that it has moved gets there.
+inline bool HearsLate()
+{
+#if QT_VERSION < QT_VERSION_CHECK(5, 0, 0) && defined(Q_WS_X11)
+    return true;
+#else
+    return false;
+#endif
+}
+
 /// Puts a top-level window, which must not be on show, on the screen that another widget is on: places are counted in
 /// the screen's own scale.
 inline void ShareScreen(QWidget* in_pWindow, const QWidget* in_pOther)
@@ -101,8 +112,7 @@ inline void SetTransientOwner(QWidget* in_pWindow, QWidget* in_pOver)
     in_pWindow->winId();
     in_pWindow->windowHandle()->setTransientParent(in_pOver ? in_pOver->window()->windowHandle() : nullptr);
 #else
-    Q_UNUSED(in_pWindow);
-    Q_UNUSED(in_pOver);
+    in_pWindow->setAttribute(Qt::WA_GroupLeader, in_pOver != nullptr); // blocked by its own dialogs only
 #endif
 }
 
@@ -119,9 +129,77 @@ inline QWidget* WindowWidget(QObject* in_pObject)
     return in_pObject->isWidgetType() ? static_cast<QWidget*>(in_pObject)->window() : nullptr;
 }
 
-/// Lets a filter see what the window system sends to the windows that a widget is in: its top-level one, and those of
-/// native widgets between.
-inline void WatchWindows(QWidget* in_pWidget, QObject* in_pFilter)
+/// The widget in whose coordinates a window-system event is: the one of the window that got it, on Qt 4 the receiver.
+inline QWidget* EventWidget(QObject* in_pReceiver)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return WindowWidget(in_pReceiver);
+#else
+    return static_cast<QWidget*>(in_pReceiver);
+#endif
+}
+
+#if QT_VERSION < QT_VERSION_CHECK(5, 0, 0)
+/// Qt 4 has no windows to watch. Filters there see what the window system sends on its way to the widgets, by a
+/// callback that is half private to Qt: what is public sees it too late, when Qt has already begun to go on with a
+/// receiver that may die.
+template <class Filter> class CInputWatch
+{
+public:
+    static void Add(Filter* in_pFilter)
+    {
+        static const bool bRegistered = QInternal::registerCallback(QInternal::EventNotifyCallback, &Notify);
+        Q_UNUSED(bRegistered);
+        Filters().removeAll(QPointer<Filter>());
+        Filters().removeAll(QPointer<Filter>(in_pFilter));
+        Filters().append(QPointer<Filter>(in_pFilter));
+    }
+
+private:
+    static QList<QPointer<Filter>>& Filters()
+    {
+        static QList<QPointer<Filter>> filters;
+        return filters;
+    }
+
+    static bool Notify(void** io_parameters)
+    {
+        QEvent* pEvent = static_cast<QEvent*>(io_parameters[1]);
+        const bool bKept = pEvent->spontaneous() && Keeps(static_cast<QObject*>(io_parameters[0]), pEvent);
+        *static_cast<bool*>(io_parameters[2]) |= bKept;
+        return bKept;
+    }
+
+    /// Qt asks the receiver of a right press for a context menu, be it dead or alive.
+    static bool Keeps(QObject* in_pReceiver, QEvent* in_pEvent)
+    {
+        static const QObject* pPressed = nullptr;
+        const QObject* pMenuFor = pPressed;
+        if (in_pEvent->type() == QEvent::ContextMenu)
+        {
+            pPressed = nullptr;
+            return static_cast<QContextMenuEvent*>(in_pEvent)->reason() == QContextMenuEvent::Mouse &&
+                   pMenuFor == in_pReceiver;
+        }
+        if (!dynamic_cast<QMouseEvent*>(in_pEvent) || !in_pReceiver->isWidgetType())
+        {
+            return false;
+        }
+        bool bKept = false;
+        const QList<QPointer<Filter>> filters = Filters();
+        for (auto it = filters.begin(); it != filters.end() && !bKept; ++it)
+        {
+            bKept = *it && (*it)->FilterWindow(in_pReceiver, in_pEvent);
+        }
+        pPressed = bKept && static_cast<QMouseEvent*>(in_pEvent)->button() == Qt::RightButton ? in_pReceiver : nullptr;
+        return bKept;
+    }
+};
+#endif
+
+/// Lets a filter, a QObject, see what the window system sends to the windows that a widget is in: its top-level one,
+/// and those of native widgets between. On Qt 4 its FilterWindow sees that of all windows.
+template <class Filter> void WatchWindows(QWidget* in_pWidget, Filter* in_pFilter)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
     for (QWidget* pWidget = in_pWidget; pWidget; pWidget = pWidget->isWindow() ? nullptr : pWidget->parentWidget())
@@ -133,7 +211,7 @@ inline void WatchWindows(QWidget* in_pWidget, QObject* in_pFilter)
     }
 #else
     Q_UNUSED(in_pWidget);
-    Q_UNUSED(in_pFilter);
+    CInputWatch<Filter>::Add(in_pFilter);
 #endif
 }
 
@@ -155,6 +233,16 @@ inline bool BeginsDoubleClick(const QMouseEvent& in_press)
 #else
     Q_UNUSED(in_press);
     return false;
+#endif
+}
+
+/// Sends a wheel step to a widget and nobody else: Qt 4 passes on to the parents whatever was not taken.
+inline void SendWheel(QWidget* in_pReceiver, QEvent* in_pWheel)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    QCoreApplication::sendEvent(in_pReceiver, in_pWheel);
+#else
+    static_cast<QObject*>(in_pReceiver)->event(in_pWheel);
 #endif
 }
 

@@ -129,7 +129,7 @@ bool CViewFilter::Scroll(QEvent* in_pWheel)
     in_pWheel->ignore();
     if (!m_pScrollBar->isHidden())
     {
-        QCoreApplication::sendEvent(m_pScrollBar, in_pWheel);
+        InspectorQt::SendWheel(m_pScrollBar, in_pWheel);
     }
     return true;
 }
@@ -142,7 +142,7 @@ bool CViewFilter::FilterWindow(QObject* in_pWindow, QEvent* in_pEvent)
     {
         return false;
     }
-    QWidget* pNative = InspectorQt::WindowWidget(in_pWindow);
+    QWidget* pNative = InspectorQt::EventWidget(in_pWindow);
     if (!pNative || pNative->window() != m_pView->window())
     {
         return false;

@@ -28,6 +28,9 @@ public:
 
     bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
+    /// What the window system sends to a window, on Qt 4 to a widget; true keeps it from the widgets.
+    bool FilterWindow(QObject* in_pWindow, QEvent* in_pEvent);
+
     /// Whether an event of this type that a data widget gets may be for the filter.
     static bool Handles(const QEvent& in_event);
 
@@ -35,7 +38,6 @@ private:
     bool IsOutOfSight(QObject* in_pWatched) const;
     void WatchChild(QObject* in_pChild, const QObject* in_pParent);
     bool Scroll(QEvent* in_pWheel);
-    bool FilterWindow(QObject* in_pWindow, QEvent* in_pEvent);
     bool TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMouseEvent& in_press);
     bool Follow(const QWidget& in_native, const QMouseEvent& in_event);
     bool IsInRow(QWidget* in_pWidget) const;
