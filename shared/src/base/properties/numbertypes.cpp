@@ -160,7 +160,9 @@ private:
         in_number = minimum && in_number < *minimum ? *minimum : in_number;
         if constexpr (std::is_floating_point<T>())
         {
-            const bool bFits = !std::isfinite(in_number.Real()) || !(Highest() < in_number || in_number < Lowest());
+            // Half a digit more than the largest still is the largest.
+            const double largest = Highest().Real() * (1 + static_cast<double>(std::numeric_limits<T>::epsilon()) / 4);
+            const bool bFits = !std::isfinite(in_number.Real()) || std::fabs(in_number.Real()) <= largest;
             return bFits ? QVariant::fromValue(static_cast<T>(in_number.Real())) : QVariant();
         }
         else
