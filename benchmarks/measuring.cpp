@@ -29,10 +29,8 @@ struct sCase
 };
 
 const sSubject g_subjects[] = {
-    {"inspector", &CreateInspectorSubject},
-    {"form", &CreateFormSubject},
-    {"tree", &CreateTreeSubject},
-    {"bare", &CreateBareSubject},
+    {"inspector", &CreateInspectorSubject}, {"properties", &CreatePropertySubject}, {"form", &CreateFormSubject},
+    {"tree", &CreateTreeSubject},           {"bare", &CreateBareSubject},
 };
 
 const sCase g_cases[] = {

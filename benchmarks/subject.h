@@ -49,6 +49,7 @@ protected:
 typedef std::unique_ptr<ISubject> (*tCreateSubject)(QWidget* in_pWindow, const CProperties& in_properties);
 
 std::unique_ptr<ISubject> CreateInspectorSubject(QWidget* in_pWindow, const CProperties& in_properties);
+std::unique_ptr<ISubject> CreatePropertySubject(QWidget* in_pWindow, const CProperties& in_properties);
 std::unique_ptr<ISubject> CreateFormSubject(QWidget* in_pWindow, const CProperties& in_properties);
 std::unique_ptr<ISubject> CreateTreeSubject(QWidget* in_pWindow, const CProperties& in_properties);
 std::unique_ptr<ISubject> CreateBareSubject(QWidget* in_pWindow, const CProperties& in_properties);

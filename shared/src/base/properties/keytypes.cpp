@@ -132,7 +132,7 @@ public:
 
     QWidget* CreateEditor(const sPropertyFormat& in_format, QWidget* in_pParent) const override
     {
-        std::vector<sPropertyChoice> choices;
+        QVector<sPropertyChoice> choices;
         for (const int iKey : KeyTexts::Distinct(in_format.keys))
         {
             choices.push_back({in_format.keys.value(iKey), QString::fromLatin1(in_format.keys.key(iKey))});

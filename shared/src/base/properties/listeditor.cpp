@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-CChoiceEditor::CChoiceEditor(const std::vector<sPropertyChoice>& in_choices, QWidget* in_pParent)
+CChoiceEditor::CChoiceEditor(const QVector<sPropertyChoice>& in_choices, QWidget* in_pParent)
     : QComboBox(in_pParent),
       m_choices(in_choices)
 {
@@ -40,9 +40,9 @@ void CChoiceEditor::SetValue(const QVariant& in_value)
 
 void CChoiceEditor::Choose(int in_iIndex)
 {
-    if (in_iIndex >= 0 && m_choices[static_cast<size_t>(in_iIndex)].value != m_value)
+    if (in_iIndex >= 0 && m_choices[in_iIndex].value != m_value)
     {
-        m_value = m_choices[static_cast<size_t>(in_iIndex)].value;
+        m_value = m_choices[in_iIndex].value;
         Q_EMIT ValueChanged(m_value);
     }
 }

@@ -14,7 +14,7 @@ class CChoiceEditor final : public QComboBox
     Q_PROPERTY(QVariant value READ Value WRITE SetValue NOTIFY ValueChanged USER true)
 
 public:
-    CChoiceEditor(const std::vector<sPropertyChoice>& in_choices, QWidget* in_pParent);
+    CChoiceEditor(const QVector<sPropertyChoice>& in_choices, QWidget* in_pParent);
 
     QVariant Value() const { return m_value; }
 
@@ -30,7 +30,7 @@ protected:
 private:
     void Choose(int in_iIndex);
 
-    std::vector<sPropertyChoice> m_choices;
+    QVector<sPropertyChoice> m_choices;
     QVariant m_value;
 };
 

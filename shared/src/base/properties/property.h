@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QString>
 #include <QVariant>
+#include <QVector>
 
 #include <memory>
 #include <vector>
@@ -39,8 +40,8 @@ struct sPropertyFormat
     int decimals = -1; ///< shown of a real number; -1: as many as it takes
     QString prefix;    ///< shown before a number, not part of what is copied
     QString suffix;
-    std::vector<sPropertyChoice> choices; ///< not empty: one of these, chosen from a list
-    QMetaEnum keys;                       ///< valid: the value is an int, a key or (when it is a flag) several keys
+    QVector<sPropertyChoice> choices; ///< not empty: one of these, chosen from a list
+    QMetaEnum keys;                   ///< valid: the value is an int, a key or (when it is a flag) several keys
     eEditor editor = eByType;
     std::shared_ptr<QItemEditorCreatorBase> creator; ///< makes the editor of this property alone; may be null
     QString tip;

@@ -1,0 +1,414 @@
+#include "propertyarea.h"
+
+#include "inspectorcontroller.h"
+#include "propertyedit.h"
+#include "propertytype.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace
+{
+const int g_iScrollBarWidth = 20; ///< what the first library keeps free
+const int g_iMargin = 4;
+const int g_iLeastColumn = 24;
+const int g_iLeastValue = 40;
+const std::size_t g_uCandidates = 16; ///< of how many of the longest labels the widest is taken
+} // namespace
+
+/// Registers the first library's controls that stand among the rows.
+class CPropertyControls : public CInspectorController
+{
+public:
+    explicit CPropertyControls(CInspectorView& in_view)
+    {
+        m_pView = &in_view;
+        in_view.m_pController = this;
+    }
+
+    void ApplicationHook1() override {}
+    void ApplicationHook2() override {}
+    void HandleDirtyItem(sInspectorControllerData*, IDirtyControllerDataInfo*) override {}
+    void HandleDirtyController(std::vector<IDirtyControllerDataInfo*>&) override {}
+};
+
+CPropertyArea::CPropertyArea(CPropertyPage& in_page)
+    : m_page(in_page),
+      m_pControls(new CPropertyControls(*this)),
+      m_pItemEditors(new CItemEditors)
+{
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    m_pContentWidget->setMouseTracking(true);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    Measure();
+    m_page.SetClient(this);
+}
+
+CPropertyArea::~CPropertyArea()
+{
+    m_page.SetClient(nullptr);
+    m_pEdit.reset();
+}
+
+QSize CPropertyArea::sizeHint() const
+{
+    return QSize(m_iRowHeight * 16, m_iRowHeight * 20);
+}
+
+QSize CPropertyArea::minimumSizeHint() const
+{
+    return QSize(g_iLeastColumn + g_iLeastValue + g_iScrollBarWidth, m_iRowHeight * 2);
+}
+
+void CPropertyArea::Measure()
+{
+    m_iRowHeight = fontMetrics().height() + 6;
+    m_iIndent = fontMetrics().height() * 3 / 4;
+    m_pScrollBar->setSingleStep(m_iRowHeight);
+    const QColor text = palette().color(QPalette::Text);
+    m_gridColour = QColor(text.red(), text.green(), text.blue(), 40);
+}
+
+void CPropertyArea::SetItemEditorFactory(const QItemEditorFactory* in_pFactory)
+{
+    TakeOver();
+    m_pItemEditors.reset(new CItemEditors(in_pFactory));
+    for (const tItemPtr& pItem : m_page.Items())
+    {
+        pItem->type = nullptr;
+    }
+    m_page.Refresh();
+}
+
+void CPropertyArea::changeEvent(QEvent* in_pEvent)
+{
+    CQTInspectorView::changeEvent(in_pEvent);
+    if (in_pEvent->type() == QEvent::FontChange || in_pEvent->type() == QEvent::StyleChange ||
+        in_pEvent->type() == QEvent::PaletteChange)
+    {
+        Measure();
+        PageChanged();
+        updateGeometry();
+    }
+}
+
+void CPropertyArea::resizeEvent(QResizeEvent* in_pEvent)
+{
+    CQTInspectorView::resizeEvent(in_pEvent);
+    m_bLayoutDue = false;
+    ResizeInspector(width(), height());
+}
+
+void CPropertyArea::PageAboutToChange()
+{
+    TakeOver();
+}
+
+/// Rows are placed once, however many came and went since.
+void CPropertyArea::PageChanged()
+{
+    m_bLabelsDue = true;
+    if (!m_bLayoutDue)
+    {
+        m_bLayoutDue = true;
+        QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+        update();
+    }
+}
+
+void CPropertyArea::EnsureLayout()
+{
+    if (m_bLayoutDue)
+    {
+        RecomputeLayout();
+    }
+}
+
+const tItems& CPropertyArea::Shown()
+{
+    EnsureLayout();
+    return m_shown;
+}
+
+void CPropertyArea::ItemChanged(sPropertyItem& in_item)
+{
+    if (!m_bLayoutDue && in_item.height > 0)
+    {
+        update(RowRect(in_item));
+    }
+}
+
+void CPropertyArea::AllItemsChanged()
+{
+    update();
+}
+
+int CPropertyArea::HeightOf(const sPropertyItem& in_item) const
+{
+    if (in_item.kind == sPropertyItem::eGroup)
+    {
+        return in_item.label.isEmpty() ? 0 : m_iRowHeight;
+    }
+    if (in_item.kind == sPropertyItem::eWidget && in_item.widget)
+    {
+        return std::max(m_iRowHeight, in_item.widget->sizeHint().height());
+    }
+    return m_iRowHeight;
+}
+
+/// One pass over the rows, whose width plays no part: the view paints them, so nobody need be told where they are.
+void CPropertyArea::RecomputeLayout()
+{
+    m_bLayoutDue = false;
+    m_shown.clear();
+    m_widgets.clear();
+    int iY = 0;
+    for (const tItemPtr& pItem : m_page.Items())
+    {
+        const bool bOpen = !pItem->parent || pItem->parent->open;
+        pItem->top = iY;
+        pItem->height = bOpen && !pItem->filtered ? HeightOf(*pItem) : 0;
+        pItem->open = bOpen && pItem->expanded;
+        iY += pItem->height;
+        if (pItem->height > 0)
+        {
+            m_shown.push_back(pItem);
+        }
+        if (pItem->kind == sPropertyItem::eWidget)
+        {
+            m_widgets.push_back(pItem);
+        }
+    }
+    m_iContentHeight = iY;
+    if (m_bLabelsDue)
+    {
+        m_bLabelsDue = false;
+        m_iFitting = FittingColumn(false);
+    }
+    UpdateView();
+    OnContentHeightSet();
+}
+
+/// The first library leaves the scroll bar's place free even when there is none.
+void CPropertyArea::OnContentHeightSet()
+{
+    const QPointer<CPropertyArea> self(this);
+    CQTInspectorView::OnContentHeightSet();
+    if (self)
+    {
+        m_pContentWidget->resize(RowWidth(), height());
+    }
+}
+
+void CPropertyArea::OffsetControls(int in_iX, int in_iY)
+{
+    const QPointer<CPropertyArea> self(this);
+    CQTInspectorView::OffsetControls(in_iX, in_iY);
+    if (self)
+    {
+        PlaceWidgets();
+    }
+}
+
+/// The application's widgets and the open editor; the rows themselves need no word.
+void CPropertyArea::PlaceWidgets()
+{
+    const tItems widgets = m_widgets; // what a widget does when it is moved may change the page
+    for (const tItemPtr& pItem : widgets)
+    {
+        pItem->widget ? AdoptWidget(*pItem) : void();
+    }
+    if (m_pEdit && m_pEdit->Editor())
+    {
+        m_pEdit->Place();
+    }
+}
+
+void CPropertyArea::AdoptWidget(sPropertyItem& in_item)
+{
+    QWidget& widget = *in_item.widget;
+    if (widget.parentWidget() != m_pContentWidget)
+    {
+        widget.setParent(m_pContentWidget);
+    }
+    widget.setGeometry(in_item.label.isEmpty() ? RowRect(in_item) : ValueRect(in_item));
+    widget.setVisible(in_item.height > 0);
+}
+
+int CPropertyArea::RowWidth() const
+{
+    return width() - (m_pScrollBar->isHidden() ? 0 : g_iScrollBarWidth);
+}
+
+/// The left edge of the values: what the user or the labels ask for, as far as the width allows.
+int CPropertyArea::Column() const
+{
+    const int iWanted = m_iColumn >= 0 ? m_iColumn : std::min(m_iFitting, RowWidth() / 2);
+    return std::max(g_iLeastColumn, std::min(iWanted, RowWidth() - g_iLeastValue));
+}
+
+void CPropertyArea::SetLabelColumn(int in_iWidth)
+{
+    m_iColumn = in_iWidth;
+    PlaceWidgets();
+    update();
+}
+
+/// How wide the labels are. Measuring each would be most of what a page of ten thousand rows costs, so that normally
+/// only the labels with the most letters are measured.
+int CPropertyArea::FittingColumn(bool in_bExact) const
+{
+    std::vector<const sPropertyItem*> rows;
+    for (const tItemPtr& pItem : m_shown)
+    {
+        if (pItem->kind != sPropertyItem::eGroup)
+        {
+            rows.push_back(pItem.get());
+        }
+    }
+    const auto last = rows.begin() + static_cast<std::ptrdiff_t>(std::min(g_uCandidates, rows.size()));
+    if (!in_bExact)
+    {
+        std::partial_sort(rows.begin(), last, rows.end(), [](const sPropertyItem* in_pA, const sPropertyItem* in_pB) {
+            return in_pA->Label().size() > in_pB->Label().size();
+        });
+        rows.erase(last, rows.end());
+    }
+    int iWidest = 0;
+    for (const sPropertyItem* pRow : rows)
+    {
+        const int iLabel = fontMetrics().horizontalAdvance(pRow->Label());
+        iWidest = std::max(iWidest, g_iMargin * 2 + pRow->depth * m_iIndent + iLabel);
+    }
+    return iWidest;
+}
+
+/// A rectangle that was computed from left to right, as the application's direction wants it.
+QRect CPropertyArea::Mirrored(const QRect& in_rect) const
+{
+    return QStyle::visualRect(layoutDirection(), QRect(0, 0, RowWidth(), height()), in_rect);
+}
+
+QRect CPropertyArea::RowRect(const sPropertyItem& in_item) const
+{
+    return Mirrored(QRect(0, in_item.top - m_iOffsetY, RowWidth(), in_item.height));
+}
+
+QRect CPropertyArea::LabelRect(const sPropertyItem& in_item) const
+{
+    const int iLeft = g_iMargin + in_item.depth * m_iIndent;
+    const bool bWhole = in_item.kind == sPropertyItem::eGroup;
+    const int iRight = bWhole ? RowWidth() - g_iMargin : Column() - g_iMargin;
+    return Mirrored(QRect(iLeft, in_item.top - m_iOffsetY, std::max(0, iRight - iLeft), in_item.height));
+}
+
+QRect CPropertyArea::ValueRect(const sPropertyItem& in_item) const
+{
+    const int iColumn = Column() + 1;
+    return Mirrored(QRect(iColumn, in_item.top - m_iOffsetY, RowWidth() - iColumn, in_item.height));
+}
+
+QRect CPropertyArea::PartRect(const sPropertyItem& in_item, int in_iPart) const
+{
+    const int iParts = in_item.type ? in_item.type->Parts() : 1;
+    const int iColumn = Column() + 1;
+    const int iWidth = RowWidth() - iColumn;
+    const int iLeft = iColumn + iWidth * in_iPart / iParts;
+    const int iRight = iColumn + iWidth * (in_iPart + 1) / iParts;
+    return Mirrored(QRect(iLeft, in_item.top - m_iOffsetY, iRight - iLeft, in_item.height));
+}
+
+/// The first shown row that ends below a place of the content.
+tItems::const_iterator CPropertyArea::FirstBelow(int in_iY)
+{
+    const tItems& shown = Shown();
+    return std::lower_bound(shown.begin(), shown.end(), in_iY, [](const tItemPtr& in_pItem, int in_iPlace) {
+        return in_pItem->top + in_pItem->height <= in_iPlace;
+    });
+}
+
+/// The place of a row among those shown, -1 for none.
+int CPropertyArea::IndexOf(const sPropertyItem* in_pItem)
+{
+    if (!in_pItem)
+    {
+        return -1;
+    }
+    const tItems& shown = Shown();
+    const auto it = FirstBelow(in_pItem->top);
+    return it != shown.end() && it->get() == in_pItem ? static_cast<int>(it - shown.begin()) : -1;
+}
+
+CPropertyArea::sHit CPropertyArea::HitAt(const QPoint& in_position)
+{
+    const auto it = FirstBelow(in_position.y() + m_iOffsetY);
+    sHit hit;
+    if (it == m_shown.end() || !RowRect(**it).contains(in_position))
+    {
+        return hit;
+    }
+    hit.item = *it;
+    const int iX = Mirrored(QRect(in_position, QSize(1, 1))).x();
+    if (hit.item->kind == sPropertyItem::eGroup)
+    {
+        hit.zone = sHit::eTitle;
+    }
+    else if (std::abs(iX - Column()) <= 2)
+    {
+        hit.zone = sHit::eBorder;
+    }
+    else
+    {
+        hit.zone = iX < Column() ? sHit::eLabel : sHit::eValue;
+    }
+    const int iParts = hit.item->type && hit.zone == sHit::eValue ? hit.item->type->Parts() : 1;
+    while (hit.part < iParts - 1 && !PartRect(*hit.item, hit.part).contains(in_position))
+    {
+        ++hit.part;
+    }
+    return hit;
+}
+
+void CPropertyArea::SetCurrent(const tItemPtr& in_pItem, int in_iPart)
+{
+    const tItemPtr pBefore = Current();
+    m_current = in_pItem;
+    m_iPart = in_iPart;
+    update(pBefore && pBefore->height > 0 ? RowRect(*pBefore) : QRect());
+    if (in_pItem)
+    {
+        update(RowRect(*in_pItem));
+        ScrollTo(*in_pItem);
+    }
+    if (pBefore != in_pItem)
+    {
+        Q_EMIT CurrentChanged();
+    }
+}
+
+void CPropertyArea::ScrollTo(const sPropertyItem& in_item)
+{
+    EnsureLayout();
+    if (in_item.height == 0)
+    {
+        return;
+    }
+    const int iEnd = in_item.top + in_item.height;
+    m_pScrollBar->setValue(std::min(in_item.top, std::max(m_iOffsetY, iEnd - height())));
+}
+
+void CPropertyArea::SetExpanded(sPropertyItem& in_item, bool in_bExpand)
+{
+    if (in_item.kind == sPropertyItem::eGroup && in_item.expanded != in_bExpand)
+    {
+        TakeOver();
+        in_item.expanded = in_bExpand;
+        PageChanged();
+    }
+}

@@ -1,0 +1,204 @@
+#ifndef PROPERTYAREA_H
+#define PROPERTYAREA_H
+
+/// Where the rows of a page are placed, painted and worked with mouse and keyboard. Private to the library.
+/// \file
+
+#include "propertyitem.h"
+#include "propertypage.h"
+#include "qtinspectorview.h"
+
+#include <QPalette>
+
+class CItemEditors;
+class CPropertyControls;
+class CPropertyEdit;
+class QItemEditorFactory;
+
+class CPropertyArea : public CQTInspectorView, public IPropertyPageClient
+{
+    Q_OBJECT
+
+public:
+    /// What lies at a point.
+    struct sHit
+    {
+        enum eZone
+        {
+            eNothing,
+            eTitle,
+            eLabel,
+            eBorder, ///< between labels and values
+            eValue,
+        };
+
+        eZone zone = eNothing;
+        tItemPtr item;
+        int part = 0;
+    };
+
+    explicit CPropertyArea(CPropertyPage& in_page);
+    ~CPropertyArea() override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+    /// The row that the keyboard works, null for none, and which part of its value.
+    tItemPtr Current() const { return m_current.lock(); }
+    int CurrentPart() const { return m_iPart; }
+
+    /// Makes a row the current one and scrolls to it. Null: none is.
+    void SetCurrent(const tItemPtr& in_pItem, int in_iPart = 0);
+
+    /// The rows that are shown, from the top.
+    const tItems& Shown();
+
+    /// Opens the editor of the current row's value, or of its current part.
+    /// \return the editor, null when it has none or is not to be edited
+    QWidget* EditCurrent();
+
+    /// What Enter and a press do to a row: edits the value, toggles a box, runs a command, follows a link, folds a
+    /// group.
+    void Work(const tItemPtr& in_pItem);
+
+    /// Ends the open edit: with what was typed, or with the value from before.
+    void TakeOver();
+    void Cancel();
+
+    /// Takes over and edits the part or row that can be edited after the current one (before it); past the last, the
+    /// focus leaves the page.
+    void Leave(bool in_bForward);
+
+    /// Edits the part or row that can be edited after the current one (before it).
+    /// \return false when there is none
+    bool EditNext(bool in_bForward);
+
+    void SetExpanded(sPropertyItem& in_item, bool in_bExpand);
+    void ScrollTo(const sPropertyItem& in_item);
+
+    /// Places, in pixels of this widget. Empty for what is not shown.
+    QRect RowRect(const sPropertyItem& in_item) const;
+    QRect ValueRect(const sPropertyItem& in_item) const;
+    QRect PartRect(const sPropertyItem& in_item, int in_iPart) const;
+    sHit HitAt(const QPoint& in_position);
+
+    /// The left edge of the values; -1: as wide as the labels need.
+    int LabelColumn() const { return m_iColumn; }
+    void SetLabelColumn(int in_iWidth);
+
+    /// The children that are editors and widgets of the application stand in it.
+    QWidget* Content() const { return m_pContentWidget; }
+    QScrollBar* ScrollBar() const { return m_pScrollBar; }
+    CPropertyPage& Page() const { return m_page; }
+
+    /// The editors that the application registered.
+    const CItemEditors* ItemEditors() const { return m_pItemEditors.get(); }
+    void SetItemEditorFactory(const QItemEditorFactory* in_pFactory);
+
+    // Of the page.
+    void PageAboutToChange() override;
+    void PageChanged() override;
+    void ItemChanged(sPropertyItem& in_item) override;
+    void AllItemsChanged() override;
+
+    // Of the first library's view.
+    void RecomputeLayout() override;
+    void OffsetControls(int in_iX, int in_iY) override;
+    void OnContentHeightSet() override;
+
+Q_SIGNALS:
+    void CurrentChanged();
+    void LinkActivated(QObject* in_pObject);
+
+protected:
+    bool event(QEvent* in_pEvent) override;
+    void changeEvent(QEvent* in_pEvent) override;
+    void resizeEvent(QResizeEvent* in_pEvent) override;
+    void paintEvent(QPaintEvent* in_pEvent) override;
+    void mousePressEvent(QMouseEvent* in_pEvent) override;
+    void mouseMoveEvent(QMouseEvent* in_pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* in_pEvent) override;
+    void mouseDoubleClickEvent(QMouseEvent* in_pEvent) override;
+    void keyPressEvent(QKeyEvent* in_pEvent) override;
+    void inputMethodEvent(QInputMethodEvent* in_pEvent) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery in_eQuery) const override;
+    void focusInEvent(QFocusEvent* in_pEvent) override;
+    void focusOutEvent(QFocusEvent* in_pEvent) override;
+    bool focusNextPrevChild(bool in_bNext) override;
+
+private:
+    enum eDrag
+    {
+        eNoDrag,
+        eDragBorder,
+        eDragValue, ///< sideways on the label of a number
+    };
+
+    // Layout: propertyarea.cpp.
+    void Measure();
+    void EnsureLayout();
+    void PlaceWidgets();
+    void AdoptWidget(sPropertyItem& in_item);
+    int HeightOf(const sPropertyItem& in_item) const;
+    int Column() const;
+    int FittingColumn(bool in_bExact) const;
+    int RowWidth() const;
+    int IndexOf(const sPropertyItem* in_pItem);
+    tItems::const_iterator FirstBelow(int in_iY);
+    QRect LabelRect(const sPropertyItem& in_item) const;
+    QRect Mirrored(const QRect& in_rect) const;
+
+    // Painting: propertypainting.cpp.
+    void Load(sPropertyItem& io_item);
+    void LoadInSight(const QRect& in_exposed);
+    void PaintItem(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintGrid(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintCurrent(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintTitle(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintValue(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart);
+    void PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect);
+    void PaintCommand(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText, const QColor& in_colour);
+    QString PartText(const sPropertyItem& in_item, int in_iPart) const;
+    QColor TextColour(QPalette::ColorRole in_eRole) const;
+    QColor MutedColour() const;
+    bool IsCut(const sHit& in_hit) const;
+
+    // Mouse and keyboard: propertyinput.cpp.
+    bool ShowTip(const QPoint& in_position, const QPoint& in_global);
+    void Press(const sHit& in_hit);
+    void DragTo(const QPoint& in_position);
+    bool Navigate(int in_iKey);
+    bool WorkKey(const QKeyEvent& in_event);
+    bool TypeInto(const QKeyEvent& in_event);
+    bool MoveCurrent(int in_iRows);
+    bool SideStep(bool in_bForward);
+    bool Editable(sPropertyItem& in_item);
+    bool Enter(const tItemPtr& in_pItem, int in_iPart);
+    void Follow(const sPropertyItem& in_item);
+    void Copy();
+    void Paste();
+
+    CPropertyPage& m_page;
+    std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
+    std::unique_ptr<CPropertyEdit> m_pEdit;         ///< what is being edited; null for nothing
+    std::unique_ptr<CItemEditors> m_pItemEditors;
+    tItems m_shown;                            ///< from the top
+    tItems m_widgets;                          ///< the rows that are widgets
+    const sPropertyItem* m_pPressed = nullptr; ///< the command that the mouse holds down
+    QColor m_gridColour;
+    std::weak_ptr<sPropertyItem> m_current;
+    int m_iPart = 0;
+    bool m_bLayoutDue = false; ///< rows came or went since they were placed
+    bool m_bLabelsDue = false; ///< and since their labels were measured
+    int m_iColumn = -1;
+    int m_iFitting = 0; ///< the column that the labels need, estimated
+    int m_iRowHeight = 0;
+    int m_iIndent = 0;
+    eDrag m_eDrag = eNoDrag;
+    QPoint m_dragFrom;
+    QVariant m_dragValue; ///< the value when the drag began
+};
+
+#endif

@@ -1,0 +1,252 @@
+#include "propertyedit.h"
+
+#include "propertiesqt.h"
+#include "propertyarea.h"
+#include "propertytype.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QWindow>
+
+#include <algorithm>
+
+CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, int in_iPart)
+    : m_pArea(&in_area),
+      m_pPage(&in_area.Page()),
+      m_pItem(in_pItem),
+      m_iPart(in_iPart),
+      m_before(in_pItem->value)
+{
+    const sPropertyEditor editor =
+        CPropertyType::Edit(*in_pItem->property, in_iPart, in_area.ItemEditors(), in_area.Content());
+    if (!editor.widget)
+    {
+        return;
+    }
+    m_pEditor = editor.widget;
+    m_editorValue = editor.value;
+    ShowValue(m_before);
+    if (editor.live)
+    {
+        const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("OnWorked()"));
+        connect(m_pEditor, m_editorValue.notifySignal(), this, slot);
+    }
+    m_pEditor->setAccessibleName(in_pItem->Label());
+    qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* in_pNow) { OnFocusChanged(in_pNow); });
+    Place();
+    m_pEditor->show();
+    m_pEditor->setFocus(Qt::OtherFocusReason);
+    SelectAll();
+}
+
+/// What is typed first replaces the value, except in a text of several lines.
+void CPropertyEdit::SelectAll()
+{
+    auto* pLine = qobject_cast<QLineEdit*>(m_pEditor);
+    pLine = pLine || !m_pEditor ? pLine : m_pEditor->findChild<QLineEdit*>();
+    if (pLine)
+    {
+        pLine->selectAll();
+    }
+}
+
+CPropertyEdit::~CPropertyEdit()
+{
+    qApp->removeEventFilter(this);
+    qApp->disconnect(this);
+    if (!m_pEditor)
+    {
+        return;
+    }
+    m_pEditor->disconnect(this);
+    if (m_pArea && IsOwn(QApplication::focusWidget()))
+    {
+        m_pArea->setFocus(Qt::OtherFocusReason); // else Qt hands it to any other widget as the editor goes
+    }
+    if (m_pEditor)
+    {
+        m_pEditor->hide();
+        m_pEditor->deleteLater(); // its own code may be what ends the edit
+    }
+}
+
+void CPropertyEdit::Place()
+{
+    const QRect cell = m_pArea->PartRect(*m_pItem, m_iPart);
+    const int iWanted = m_pItem->type->TakesEnter() ? m_pEditor->sizeHint().height() : 0;
+    const int iHeight = std::max(cell.height(), iWanted);
+    QRect place(cell.topLeft(), QSize(cell.width(), iHeight));
+    if (iHeight > cell.height() && place.bottom() >= m_pArea->height())
+    {
+        place.moveBottom(std::max(cell.bottom(), m_pArea->height() - 1));
+    }
+    m_pEditor->setGeometry(place);
+}
+
+QVariant CPropertyEdit::EditorValue() const
+{
+    return m_pEditor ? m_editorValue.read(m_pEditor) : QVariant();
+}
+
+void CPropertyEdit::ShowValue(const QVariant& in_value)
+{
+    const bool bParts = m_pItem->type->Parts() > 1;
+    m_bShowing = true;
+    m_editorValue.write(m_pEditor, bParts ? m_pItem->type->Part(in_value, m_iPart) : in_value);
+    m_bShowing = false;
+    m_shown = EditorValue();
+}
+
+void CPropertyEdit::Follow()
+{
+    if (m_pEditor && EditorValue() == m_shown)
+    {
+        ShowValue(m_pItem->value);
+    }
+}
+
+/// A live editor's change is written from the event loop: what the application does then never meets the editor's own
+/// code half way.
+void CPropertyEdit::OnWorked()
+{
+    if (!m_bShowing && !m_bWritePosted)
+    {
+        m_bWritePosted = true;
+        QMetaObject::invokeMethod(
+            this, [this] { Write(); }, Qt::QueuedConnection);
+    }
+}
+
+/// Whether a widget is the editor or belongs to it: a part of it, a pop-up or a dialog that it opened.
+bool CPropertyEdit::IsOwn(const QWidget* in_pWidget) const
+{
+    return CPropertyType::IsWithin(in_pWidget, m_pEditor);
+}
+
+void CPropertyEdit::Write()
+{
+    m_bWritePosted = false;
+    const QVariant value = EditorValue();
+    if (!m_pEditor || !m_pPage || value == m_shown)
+    {
+        return;
+    }
+    m_shown = value;
+    m_bWritten = true;
+    const CPropertyType& type = *m_pItem->type;
+    const QVariant whole = type.Parts() > 1 ? type.WithPart(m_pItem->property->Read(), m_iPart, value) : value;
+    m_pPage->Write(m_pItem->property, whole);
+}
+
+void CPropertyEdit::TakeBack()
+{
+    m_bWritePosted = false;
+    m_shown = EditorValue();
+    if (m_bWritten && m_pPage)
+    {
+        m_pPage->Write(m_pItem->property, m_before);
+    }
+}
+
+/// Leaving for elsewhere in the window ends the edit. While another window is active it stays open, but what was typed
+/// is where that window's user expects it.
+void CPropertyEdit::OnFocusChanged(const QWidget* in_pNow)
+{
+    if (IsOwn(in_pNow) || IsOwn(QApplication::activePopupWidget()) || IsOwn(QApplication::activeModalWidget()))
+    {
+        return;
+    }
+    const bool bLeft = in_pNow && m_pArea && in_pNow->window() == m_pArea->window();
+    bLeft ? m_pArea->TakeOver() : Write();
+}
+
+/// What a press anywhere else works on must be the value as typed, and what it is on may go when that is taken over: so
+/// it is before Qt begins with the press.
+bool CPropertyEdit::IsPressOutside(const QObject& in_window, const QMouseEvent& in_press) const
+{
+    const QWidget* pWindow = m_pArea->window();
+    if (pWindow->windowHandle() != &in_window || QApplication::activePopupWidget())
+    {
+        return false;
+    }
+    const QWidget* pPressed = pWindow->childAt(PropertiesQt::Position(in_press));
+    return !IsOwn(pPressed) && pPressed != m_pArea->ScrollBar();
+}
+
+bool CPropertyEdit::eventFilter(QObject* in_pObject, QEvent* in_pEvent)
+{
+    if (!m_pEditor || !m_pArea)
+    {
+        return false;
+    }
+    const QPointer<QObject> receiver(in_pObject);
+    const auto* pWidget = qobject_cast<QWidget*>(in_pObject);
+    const bool bOwnKeys = pWidget && IsOwn(pWidget) && pWidget->window() == m_pArea->window();
+    switch (in_pEvent->type())
+    {
+    case QEvent::ShortcutOverride:
+        return bOwnKeys && OverrideShortcut(*static_cast<QKeyEvent*>(in_pEvent));
+    case QEvent::KeyPress:
+        return bOwnKeys && EndByKey(*static_cast<QKeyEvent*>(in_pEvent));
+    case QEvent::Shortcut:
+        Write(); // what the shortcut does is done to the value as typed
+        return !receiver;
+    case QEvent::MouseButtonPress:
+        if (IsPressOutside(*in_pObject, *static_cast<QMouseEvent*>(in_pEvent)))
+        {
+            m_pArea->TakeOver();
+        }
+        return !receiver;
+    default:
+        return false;
+    }
+}
+
+/// The keys that end an edit are no shortcuts of the application's meanwhile.
+bool CPropertyEdit::OverrideShortcut(QKeyEvent& io_event) const
+{
+    switch (io_event.key())
+    {
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        io_event.accept();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CPropertyEdit::EndByKey(const QKeyEvent& in_event)
+{
+    const Qt::KeyboardModifiers eModifiers = in_event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    const QPointer<CPropertyArea> pArea = m_pArea;
+    switch (in_event.key())
+    {
+    case Qt::Key_Escape:
+        pArea->Cancel();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_pItem->type->TakesEnter() && !(eModifiers & Qt::ControlModifier))
+        {
+            return false;
+        }
+        pArea->TakeOver();
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        if (eModifiers & ~Qt::ShiftModifier)
+        {
+            return false;
+        }
+        pArea->Leave(in_event.key() == Qt::Key_Tab && !(eModifiers & Qt::ShiftModifier));
+        return true;
+    default:
+        return false;
+    }
+}

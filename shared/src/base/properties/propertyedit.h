@@ -1,0 +1,75 @@
+#ifndef PROPERTYEDIT_H
+#define PROPERTYEDIT_H
+
+/// One edit: an editor that lies over the value of a row, from its opening to its end. Private to the library.
+/// \file
+
+#include "propertyitem.h"
+
+#include <QMetaProperty>
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+class CPropertyArea;
+class CPropertyPage;
+class QKeyEvent;
+class QMouseEvent;
+
+class CPropertyEdit : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Opens the editor of a row's value, or of one part of it. Editor tells whether there is one.
+    CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, int in_iPart);
+
+    /// The editor goes, the focus stays with the page, and nothing is written.
+    ~CPropertyEdit() override;
+
+    QWidget* Editor() const { return m_pEditor; }
+    const tItemPtr& Item() const { return m_pItem; }
+    int Part() const { return m_iPart; }
+
+    /// Puts the editor over its row.
+    void Place();
+
+    /// Shows what the row shows now, unless the user has begun to change it.
+    void Follow();
+
+    /// Writes what the editor holds, if the user has changed it.
+    void Write();
+
+    /// Writes the value from before the edit, if anything was written.
+    void TakeBack();
+
+protected:
+    bool eventFilter(QObject* in_pObject, QEvent* in_pEvent) override;
+
+private Q_SLOTS:
+    void OnWorked();
+
+private:
+    void SelectAll();
+    QVariant EditorValue() const;
+    void ShowValue(const QVariant& in_value);
+    bool IsOwn(const QWidget* in_pWidget) const;
+    void OnFocusChanged(const QWidget* in_pNow);
+    bool IsPressOutside(const QObject& in_window, const QMouseEvent& in_press) const;
+    bool OverrideShortcut(QKeyEvent& io_event) const;
+    bool EndByKey(const QKeyEvent& in_event);
+
+    const QPointer<CPropertyArea> m_pArea;
+    const QPointer<CPropertyPage> m_pPage;
+    const tItemPtr m_pItem;
+    const int m_iPart;
+    QPointer<QWidget> m_pEditor;
+    QMetaProperty m_editorValue;
+    QVariant m_before;       ///< the row's value when the edit began
+    QVariant m_shown;        ///< what the editor held when it was last in step with the row
+    bool m_bWritten = false; ///< something was
+    bool m_bShowing = false; ///< the editor is being told a value
+    bool m_bWritePosted = false;
+};
+
+#endif

@@ -1,0 +1,191 @@
+#include "propertypage.h"
+
+#include "propertyitem.h"
+
+#include <iterator>
+
+CPropertyPage::CPropertyPage(QObject* in_pParent) : QObject(in_pParent) {}
+
+CPropertyPage::~CPropertyPage() = default;
+
+CPropertyGroup CPropertyPage::AddGroup(const QString& in_strTitle)
+{
+    const tItemPtr pItem = std::make_shared<sPropertyItem>(sPropertyItem::eGroup);
+    pItem->label = in_strTitle;
+    return CPropertyGroup(this, Insert(pItem, nullptr));
+}
+
+void CPropertyPage::AddObject(QObject* in_pObject)
+{
+    AddGroups(PropertySource::OfObject(in_pObject));
+}
+
+void CPropertyPage::AddObjects(const QList<QObject*>& in_objects)
+{
+    AddGroups(PropertySource::OfObjects(in_objects));
+}
+
+void CPropertyPage::AddGroups(const std::vector<PropertySource::sGroup>& in_groups)
+{
+    for (const PropertySource::sGroup& group : in_groups)
+    {
+        CPropertyGroup added = AddGroup(group.title);
+        for (const tPropertyPtr& pProperty : group.properties)
+        {
+            added.AddProperty(pProperty);
+        }
+    }
+}
+
+void CPropertyPage::Clear()
+{
+    const QPointer<CPropertyPage> self(this);
+    if (m_pClient)
+    {
+        m_pClient->PageAboutToChange();
+    }
+    if (self)
+    {
+        StopListening();
+        const tItems gone = std::move(m_items);
+        m_items.clear();
+        RowsChanged();
+        for (const tItemPtr& pItem : gone)
+        {
+            delete pItem->widget;
+        }
+    }
+}
+
+void CPropertyPage::Refresh()
+{
+    for (const tItemPtr& pItem : m_items)
+    {
+        pItem->stale = true;
+    }
+    if (m_pClient)
+    {
+        m_pClient->AllItemsChanged();
+    }
+}
+
+bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value)
+{
+    const QPointer<CPropertyPage> self(this);
+    const tPropertyPtr pProperty = in_pProperty; // the argument may be a row's, which may go meanwhile
+    if (pProperty->IsReadOnly())
+    {
+        return false;
+    }
+    bool bAllowed = true;
+    Q_EMIT ValueAboutToChange(pProperty.get(), in_value, &bAllowed);
+    if (!self || !bAllowed)
+    {
+        return false;
+    }
+    const QVariant before = pProperty->Read();
+    const bool bTaken = pProperty->Write(in_value);
+    const QVariant now = pProperty->Read();
+    if (self)
+    {
+        Refresh();
+        Q_EMIT ValueChanged(pProperty.get(), before, now);
+    }
+    return bTaken;
+}
+
+void CPropertyPage::Run(const tItemPtr& in_pCommand)
+{
+    const QPointer<CPropertyPage> self(this);
+    const tItemPtr pCommand = in_pCommand;
+    if (pCommand->command)
+    {
+        pCommand->command();
+    }
+    if (self)
+    {
+        Refresh();
+    }
+}
+
+/// Puts a row after all else that its group (null: the page) holds.
+tItemPtr CPropertyPage::Insert(const tItemPtr& in_pItem, const tItemPtr& in_pGroup)
+{
+    const auto isWithin = [&in_pGroup](const sPropertyItem* in_p) {
+        while (in_p && in_p != in_pGroup.get())
+        {
+            in_p = in_p->parent;
+        }
+        return in_p != nullptr;
+    };
+    auto position = m_items.end();
+    if (in_pGroup)
+    {
+        in_pItem->parent = in_pGroup.get();
+        in_pItem->depth = in_pGroup->depth + (in_pGroup->label.isEmpty() ? 0 : 1);
+        while (position != m_items.begin() && !isWithin(std::prev(position)->get()))
+        {
+            --position;
+        }
+    }
+    m_items.insert(position, in_pItem);
+    Listen(*in_pItem);
+    RowsChanged();
+    return in_pItem;
+}
+
+void CPropertyPage::Listen(sPropertyItem& in_item)
+{
+    if (!in_item.property)
+    {
+        return;
+    }
+    const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("OnNotified()"));
+    for (const CProperty::sNotifier& notifier : in_item.property->Notifiers())
+    {
+        sListeners& listeners = m_listeners[tSignal(notifier.sender, notifier.signal.methodIndex())];
+        if (!listeners.connection) // none yet, or of an object that died and left its address to this one
+        {
+            listeners.connection = connect(notifier.sender, notifier.signal, this, slot);
+        }
+        listeners.rows.push_back(&in_item);
+    }
+}
+
+void CPropertyPage::StopListening()
+{
+    for (const auto& listener : m_listeners)
+    {
+        disconnect(listener.second.connection);
+    }
+    m_listeners.clear();
+}
+
+void CPropertyPage::OnNotified()
+{
+    const auto it = m_listeners.find(tSignal(sender(), senderSignalIndex()));
+    if (it != m_listeners.end())
+    {
+        for (sPropertyItem* pItem : it->second.rows)
+        {
+            ItemChanged(*pItem);
+        }
+    }
+}
+
+void CPropertyPage::ItemChanged(sPropertyItem& in_item)
+{
+    in_item.stale = true;
+    if (m_pClient)
+    {
+        m_pClient->ItemChanged(in_item);
+    }
+}
+
+void CPropertyPage::RowsChanged()
+{
+    if (m_pClient)
+    {
+        m_pClient->PageChanged();
+    }
+}

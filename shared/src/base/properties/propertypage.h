@@ -1,0 +1,226 @@
+#ifndef PROPERTYPAGE_H
+#define PROPERTYPAGE_H
+
+#include "propertysource.h"
+#include "propertyvalue.h"
+
+#include <QList>
+#include <QObject>
+
+#include <map>
+#include <utility>
+
+class CPropertyPage;
+class IPropertyPageClient;
+class QWidget;
+struct sPropertyItem;
+
+/// One row of a page, to say more about it. A small value that may be copied and kept: once the row is gone its
+/// operations do nothing. Each returns the row, so that one line says it all.
+class PROPERTIES_EXPORT CPropertyRow
+{
+public:
+    CPropertyRow() = default;
+
+    /// \internal
+    CPropertyRow(CPropertyPage* in_pPage, const std::shared_ptr<sPropertyItem>& in_pItem);
+    std::shared_ptr<sPropertyItem> Item() const { return m_pItem.lock(); }
+
+    /// Whether the row is still there.
+    explicit operator bool() const { return !m_pItem.expired(); }
+
+    /// The least and the greatest value of a number or a date, or of each part of a point, size and the like. Typed
+    /// values are kept within.
+    CPropertyRow& Range(const QVariant& in_minimum, const QVariant& in_maximum);
+
+    /// How much Up, Down, the wheel and a drag on the label change a number. Without it: 1, of real numbers a tenth of
+    /// the last digit but one.
+    CPropertyRow& Step(const QVariant& in_step);
+
+    /// How many digits a real number shows after its point; -1: as many as it takes.
+    CPropertyRow& Decimals(int in_iDecimals);
+
+    /// What stands before and after a number; it is neither typed nor copied.
+    CPropertyRow& Prefix(const QString& in_strPrefix);
+    CPropertyRow& Suffix(const QString& in_strSuffix);
+
+    /// What the row's tool tip says of it.
+    CPropertyRow& Tip(const QString& in_strTip);
+
+    /// The value is one of these, chosen from a list by its text. Rows given the same vector share it.
+    CPropertyRow& Choices(const QVector<sPropertyChoice>& in_choices);
+
+    /// The value is an int: one of the enumeration's keys or, if it is a flag, any number of them.
+    CPropertyRow& Keys(const QMetaEnum& in_keys);
+
+    /// The text has several lines, names a file, or names a folder.
+    CPropertyRow& LongText();
+    CPropertyRow& File();
+    CPropertyRow& Folder();
+
+    /// Whether the user can only look at the value and copy it.
+    CPropertyRow& ReadOnly(bool in_bReadOnly = true);
+
+    /// What the row's value is reset to.
+    CPropertyRow& Default(const QVariant& in_value);
+
+    /// What stands before the value.
+    CPropertyRow& Label(const QString& in_strLabel);
+
+    /// What a screen reader calls the row, in place of its label.
+    CPropertyRow& AccessibleName(const QString& in_strName);
+
+    /// Makes the editor of this row alone, as for item views: the editor's USER property is the value. Takes it over.
+    CPropertyRow& Editor(QItemEditorCreatorBase* in_pCreator);
+
+    /// Reads the value again before the next paint.
+    void Refresh();
+
+    /// The row's property; null for a command, a widget and a row that is gone.
+    tPropertyPtr Property() const;
+
+private:
+    template <class Change> CPropertyRow& ChangeFormat(Change in_change);
+    void Changed();
+
+    QPointer<CPropertyPage> m_pPage;
+    std::weak_ptr<sPropertyItem> m_pItem;
+};
+
+/// A titled group of a page: rows and further groups. A small value that may be copied and kept: once the group is
+/// gone, what is added to it is not shown.
+class PROPERTIES_EXPORT CPropertyGroup
+{
+public:
+    CPropertyGroup() = default;
+
+    /// \internal
+    CPropertyGroup(CPropertyPage* in_pPage, const std::shared_ptr<sPropertyItem>& in_pItem);
+
+    /// A variable, edited in place; read-only when it is const. It must live as long as the page shows it.
+    template <class T, class = std::enable_if_t<!std::is_invocable<T&>::value>>
+    CPropertyRow Add(const QString& in_strLabel, T& io_variable)
+    {
+        return AddProperty(PropertyDetail::OfVariable(in_strLabel, io_variable));
+    }
+
+    /// What a function tells; read-only.
+    template <class Get, class = std::enable_if_t<std::is_invocable<const Get&>::value>>
+    CPropertyRow Add(const QString& in_strLabel, const Get& in_get)
+    {
+        return AddProperty(PropertyDetail::OfFunction(in_strLabel, in_get));
+    }
+
+    /// What one function tells and another changes.
+    template <class Get, class Set> CPropertyRow Add(const QString& in_strLabel, Get in_get, Set in_set)
+    {
+        return AddProperty(PropertyDetail::OfFunctions(in_strLabel, std::move(in_get), std::move(in_set)));
+    }
+
+    /// A property of the application's own making, shared with it.
+    CPropertyRow AddProperty(const tPropertyPtr& in_pProperty);
+
+    /// One property of an object, by its name: declared or dynamic. An unknown one is not added.
+    CPropertyRow AddPropertyOf(QObject* in_pObject, const char* in_strName);
+
+    /// Every property of a Q_GADGET, which must live as long as the page shows it.
+    template <class Gadget> void AddGadget(Gadget& io_gadget) { AddGadget(Gadget::staticMetaObject, &io_gadget); }
+    void AddGadget(const QMetaObject& in_meta, void* io_pGadget);
+
+    /// A button that works `in_command`, after which the page reads its values again.
+    CPropertyRow AddCommand(const QString& in_strLabel, std::function<void()> in_command);
+
+    /// A widget of the application's own, for instance a control of the first library. Takes it over; it is deleted
+    /// with the row. Without a label it gets the whole row. Null is ignored.
+    CPropertyRow AddWidget(const QString& in_strLabel, QWidget* in_pWidget);
+
+    /// A group within this one.
+    CPropertyGroup AddGroup(const QString& in_strTitle);
+
+    /// Shows the title alone, or what it holds too.
+    CPropertyGroup& Expand(bool in_bExpand = true);
+
+    /// What the title's tool tip says.
+    CPropertyGroup& Tip(const QString& in_strTip);
+
+private:
+    CPropertyRow AddItem(const std::shared_ptr<sPropertyItem>& in_pItem);
+
+    QPointer<CPropertyPage> m_pPage;
+    std::weak_ptr<sPropertyItem> m_pItem;
+};
+
+/// What a view shows: groups of rows, each row a property, a command or a widget. It belongs to its view.
+///
+/// Everything may be done from inside any function, setter, slot or signal that the page calls: clearing it, filling it
+/// anew, deleting its view or the objects shown. (Only what a paint calls, the functions that read values, may delete
+/// the view by deleteLater alone.)
+class PROPERTIES_EXPORT CPropertyPage : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CPropertyPage(QObject* in_pParent = nullptr);
+    ~CPropertyPage() override;
+
+    /// A group after all others; without a title its rows stand by themselves.
+    CPropertyGroup AddGroup(const QString& in_strTitle);
+
+    /// A group per class for what the object's meta-object declares, and one for its dynamic properties. Null adds
+    /// nothing.
+    void AddObject(QObject* in_pObject);
+
+    /// The properties that the objects share, by name and type. A row whose objects differ says so; an edit writes to
+    /// all.
+    void AddObjects(const QList<QObject*>& in_objects);
+
+    /// Takes everything away. What is being typed is taken over first.
+    void Clear();
+
+    /// Reads all values again before the next paint. Rows whose property tells of its changes do so by themselves, and
+    /// after an edit or a command the page reads all.
+    void Refresh();
+
+    /// Writes a value as the user does, with everything that comes with it.
+    /// \return whether it was taken: not when it is read-only or refused by ValueAboutToChange
+    bool Write(const tPropertyPtr& in_pProperty, const QVariant& in_value);
+
+    /// \internal
+    const std::vector<std::shared_ptr<sPropertyItem>>& Items() const { return m_items; }
+    void SetClient(IPropertyPageClient* in_pClient) { m_pClient = in_pClient; }
+    std::shared_ptr<sPropertyItem> Insert(const std::shared_ptr<sPropertyItem>& in_pItem,
+                                          const std::shared_ptr<sPropertyItem>& in_pGroup);
+    void Run(const std::shared_ptr<sPropertyItem>& in_pCommand);
+    void ItemChanged(sPropertyItem& in_item);
+    void RowsChanged();
+
+Q_SIGNALS:
+    /// A value is about to be written, by the user or Write. Set `io_pAllowed` to false to refuse it. For direct
+    /// connections.
+    void ValueAboutToChange(CProperty* in_pProperty, const QVariant& in_value, bool* io_pAllowed);
+
+    /// A value was written: what it was before, and what the object made of it.
+    void ValueChanged(CProperty* in_pProperty, const QVariant& in_before, const QVariant& in_now);
+
+private Q_SLOTS:
+    void OnNotified();
+
+private:
+    void AddGroups(const std::vector<PropertySource::sGroup>& in_groups);
+    void Listen(sPropertyItem& in_item);
+    void StopListening();
+
+    typedef std::pair<const QObject*, int> tSignal; ///< an object and the number of its signal
+
+    struct sListeners
+    {
+        QMetaObject::Connection connection;
+        std::vector<sPropertyItem*> rows;
+    };
+
+    std::vector<std::shared_ptr<sPropertyItem>> m_items;
+    std::map<tSignal, sListeners> m_listeners; ///< the rows that a signal is about
+    IPropertyPageClient* m_pClient = nullptr;
+};
+
+#endif

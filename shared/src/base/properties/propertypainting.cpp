@@ -1,0 +1,271 @@
+/// How the rows are painted.
+/// \file
+
+#include "propertyarea.h"
+#include "propertyedit.h"
+#include "propertytype.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace
+{
+const int g_iPadding = 4; ///< between a value's edge and its text
+const QString g_strDiffer = QString(QChar(0x2014));
+} // namespace
+
+/// Reads a row again if that is due, and tells the editor that is open on it.
+void CPropertyArea::Load(sPropertyItem& io_item)
+{
+    if (!io_item.stale)
+    {
+        return;
+    }
+    const QPointer<CPropertyArea> self(this);
+    const tItemPtr pItem = io_item.shared_from_this();
+    pItem->Load(m_pItemEditors.get());
+    if (self && m_pEdit && m_pEdit->Item() == pItem)
+    {
+        m_pEdit->Follow();
+    }
+}
+
+/// Values are read when they are about to be seen, and before anything is painted: what reading does to the page is
+/// then painted at once.
+void CPropertyArea::LoadInSight(const QRect& in_exposed)
+{
+    const QPointer<CPropertyArea> self(this);
+    const int iEnd = in_exposed.bottom() + m_iOffsetY;
+    int iY = in_exposed.top() + m_iOffsetY;
+    while (self && iY <= iEnd)
+    {
+        const auto it = FirstBelow(iY);
+        if (it == m_shown.end())
+        {
+            return;
+        }
+        iY = (*it)->top + (*it)->height;
+        Load(**it);
+    }
+}
+
+void CPropertyArea::paintEvent(QPaintEvent* in_pEvent)
+{
+    const QRect exposed = in_pEvent->rect();
+    OnPreDraw();
+    LoadInSight(exposed);
+    EnsureLayout();
+    QPainter painter(this);
+    const auto last = m_shown.cend();
+    for (auto it = FirstBelow(exposed.top() + m_iOffsetY); it != last && (*it)->top - m_iOffsetY <= exposed.bottom();
+         ++it)
+    {
+        PaintItem(painter, **it);
+    }
+}
+
+void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item)
+{
+    if (in_item.kind == sPropertyItem::eGroup)
+    {
+        PaintTitle(in_painter, in_item);
+        return;
+    }
+    const bool bCurrent = m_current.lock().get() == &in_item;
+    if (bCurrent)
+    {
+        PaintCurrent(in_painter, in_item);
+    }
+    if (in_item.kind == sPropertyItem::eCommand)
+    {
+        PaintCommand(in_painter, in_item);
+    }
+    else
+    {
+        const QPalette::ColorRole eRole = bCurrent ? QPalette::HighlightedText : QPalette::Text;
+        PaintText(in_painter, LabelRect(in_item), in_item.Label(), TextColour(eRole));
+    }
+    if (in_item.kind == sPropertyItem::eProperty)
+    {
+        PaintValue(in_painter, in_item);
+    }
+    PaintGrid(in_painter, in_item);
+}
+
+/// A line under the row and one between label and value.
+void CPropertyArea::PaintGrid(QPainter& in_painter, const sPropertyItem& in_item)
+{
+    const QRect row = RowRect(in_item);
+    const QRect value = ValueRect(in_item);
+    const int iBorder = layoutDirection() == Qt::RightToLeft ? value.right() + 1 : value.left() - 1;
+    in_painter.fillRect(row.left(), row.bottom(), row.width(), 1, m_gridColour);
+    in_painter.fillRect(iBorder, row.top(), 1, row.height(), m_gridColour);
+}
+
+/// The current row has a highlighted label, and in a page with the focus a frame round the value (the part) that the
+/// keyboard works.
+void CPropertyArea::PaintCurrent(QPainter& in_painter, const sPropertyItem& in_item)
+{
+    const QRect value = ValueRect(in_item);
+    const QRect row = RowRect(in_item);
+    const bool bRightToLeft = layoutDirection() == Qt::RightToLeft;
+    const QRect label = bRightToLeft ? QRect(QPoint(value.right() + 2, row.top()), row.bottomRight())
+                                     : QRect(row.topLeft(), QPoint(value.left() - 2, row.bottom()));
+    in_painter.fillRect(label,
+                        palette().color(hasFocus() ? QPalette::Active : QPalette::Inactive, QPalette::Highlight));
+    if (hasFocus())
+    {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = PartRect(in_item, m_iPart);
+        option.backgroundColor = palette().color(QPalette::Base);
+        option.state |= QStyle::State_KeyboardFocusChange;
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &in_painter, this);
+    }
+}
+
+void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_item)
+{
+    const QRect row = RowRect(in_item);
+    const bool bCurrent = m_current.lock().get() == &in_item;
+    const QPalette::ColorGroup eColours = hasFocus() ? QPalette::Active : QPalette::Inactive;
+    in_painter.fillRect(row, palette().color(eColours, bCurrent ? QPalette::Highlight : QPalette::Button));
+    const QRect title = LabelRect(in_item);
+    QStyleOption arrow;
+    arrow.initFrom(this);
+    const bool bRightToLeft = layoutDirection() == Qt::RightToLeft;
+    arrow.rect =
+        QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, QSize(m_iIndent, m_iIndent), title);
+    arrow.palette.setColor(QPalette::ButtonText,
+                           TextColour(bCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
+    const QStyle::PrimitiveElement eFolded =
+        bRightToLeft ? QStyle::PE_IndicatorArrowLeft : QStyle::PE_IndicatorArrowRight;
+    style()->drawPrimitive(in_item.expanded ? QStyle::PE_IndicatorArrowDown : eFolded, &arrow, &in_painter, this);
+    const int iArrow = m_iIndent + g_iPadding;
+    QFont bold = font();
+    bold.setBold(true);
+    in_painter.setFont(bold);
+    PaintText(in_painter, title.adjusted(bRightToLeft ? 0 : iArrow, 0, bRightToLeft ? -iArrow : 0, 0), in_item.label,
+              TextColour(bCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
+    in_painter.setFont(font());
+}
+
+void CPropertyArea::PaintValue(QPainter& in_painter, const sPropertyItem& in_item)
+{
+    const int iParts = in_item.type->Parts();
+    for (int iPart = 0; iPart < iParts; ++iPart)
+    {
+        const bool bEdited = m_pEdit && m_pEdit->Item().get() == &in_item && m_pEdit->Part() == iPart;
+        bEdited ? void() : PaintPart(in_painter, in_item, iPart);
+    }
+}
+
+void CPropertyArea::PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart)
+{
+    const CPropertyType& type = *in_item.type;
+    QRect rect = PartRect(in_item, in_iPart).adjusted(g_iPadding, 0, -g_iPadding, -1);
+    if (type.Work() == CPropertyType::eToggle)
+    {
+        PaintBox(in_painter, in_item, rect);
+        return;
+    }
+    const QSize size(m_iRowHeight - 8, m_iRowHeight - 8);
+    const QIcon icon = in_item.mixed ? QIcon() : type.Decoration(in_item.value, size);
+    const bool bRightToLeft = layoutDirection() == Qt::RightToLeft;
+    if (!icon.isNull())
+    {
+        icon.paint(&in_painter, QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size, rect));
+        const int iIcon = size.width() + g_iPadding;
+        rect.adjust(bRightToLeft ? 0 : iIcon, 0, bRightToLeft ? -iIcon : 0, 0);
+    }
+    const bool bLink = type.Work() == CPropertyType::eLink;
+    const bool bShown = in_item.property->IsReadOnly() || type.Work() == CPropertyType::eShown;
+    PaintText(in_painter, rect, PartText(in_item, in_iPart),
+              bLink    ? TextColour(QPalette::Link)
+              : bShown ? MutedColour()
+                       : TextColour(QPalette::Text));
+}
+
+/// What a value's part shows: its name too, where there is room. Several objects that differ show a dash.
+QString CPropertyArea::PartText(const sPropertyItem& in_item, int in_iPart) const
+{
+    const CPropertyType& type = *in_item.type;
+    if (type.Parts() == 1)
+    {
+        return in_item.mixed ? g_strDiffer : in_item.text;
+    }
+    const QVariant part = type.Part(in_item.value, in_iPart);
+    const QString strPart =
+        in_item.mixed ? g_strDiffer : type.PartType(in_iPart).Shown(in_item.property->Format(), part);
+    const QString strNamed = type.PartLabel(in_iPart) + QLatin1Char(' ') + strPart;
+    const int iRoom = PartRect(in_item, in_iPart).width() - 2 * g_iPadding;
+    return fontMetrics().horizontalAdvance(strNamed) > iRoom ? strPart : strNamed;
+}
+
+void CPropertyArea::PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect)
+{
+    QStyleOptionButton option;
+    option.initFrom(this);
+    const QSize size(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
+                     style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this));
+    option.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size, in_rect);
+    option.state &= ~QStyle::State_HasFocus;
+    option.state.setFlag(QStyle::State_Enabled, isEnabled() && !in_item.property->IsReadOnly());
+    const QStyle::StateFlag eState = in_item.value.toBool() ? QStyle::State_On : QStyle::State_Off;
+    option.state |= in_item.mixed ? QStyle::State_NoChange : eState;
+    style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &in_painter, this);
+}
+
+void CPropertyArea::PaintCommand(QPainter& in_painter, const sPropertyItem& in_item)
+{
+    QStyleOptionButton option;
+    option.initFrom(this);
+    option.rect = ValueRect(in_item).adjusted(1, 1, -1, -2);
+    option.text = in_item.label;
+    option.state &= ~QStyle::State_HasFocus;
+    option.state |= m_pPressed == &in_item ? QStyle::State_Sunken : QStyle::State_Raised;
+    style()->drawControl(QStyle::CE_PushButton, &option, &in_painter, this);
+}
+
+QColor CPropertyArea::TextColour(QPalette::ColorRole in_eRole) const
+{
+    const QPalette::ColorGroup eColours =
+        hasFocus() || in_eRole != QPalette::HighlightedText ? QPalette::Active : QPalette::Inactive;
+    return palette().color(isEnabled() ? eColours : QPalette::Disabled, in_eRole);
+}
+
+/// Of what can only be looked at. Still to be read with ease, unlike disabled texts of most styles.
+QColor CPropertyArea::MutedColour() const
+{
+    const QColor text = TextColour(QPalette::Text);
+    const QColor base = palette().color(QPalette::Base);
+    const auto mix = [](int in_iA, int in_iB) { return (in_iA * 2 + in_iB) / 3; };
+    return QColor(mix(text.red(), base.red()), mix(text.green(), base.green()), mix(text.blue(), base.blue()));
+}
+
+/// One line, cut with an ellipsis where it does not fit. Short texts are not measured.
+void CPropertyArea::PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText,
+                              const QColor& in_colour)
+{
+    if (in_strText.isEmpty())
+    {
+        return;
+    }
+    const QFontMetrics metrics = in_painter.fontMetrics();
+    const bool bShort = in_strText.size() * metrics.maxWidth() <= in_rect.width();
+    const QString strShown = bShort ? in_strText : metrics.elidedText(in_strText, Qt::ElideRight, in_rect.width());
+    in_painter.setPen(in_colour);
+    const int iAlignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
+    in_painter.drawText(in_rect, iAlignment | Qt::TextSingleLine, strShown);
+}
+
+bool CPropertyArea::IsCut(const sHit& in_hit) const
+{
+    const sPropertyItem& item = *in_hit.item;
+    const bool bValue = in_hit.zone == sHit::eValue && item.kind == sPropertyItem::eProperty;
+    const QString strText = bValue ? PartText(item, in_hit.part) : item.Label();
+    const QRect rect = bValue ? PartRect(item, in_hit.part).adjusted(g_iPadding, 0, -g_iPadding, 0) : LabelRect(item);
+    return fontMetrics().horizontalAdvance(strText) > rect.width();
+}

@@ -1,0 +1,69 @@
+#ifndef PROPERTYVIEW_H
+#define PROPERTYVIEW_H
+
+#include "propertypage.h"
+
+#include <QWidget>
+
+class CPropertyArea;
+class QItemEditorFactory;
+
+/// A widget that shows the properties of objects, or whatever else its page is filled with, and lets the user edit
+/// them.
+///
+/// \code
+/// CPropertyView view;
+/// view.ShowObject(pObject);
+/// view.show();
+/// \endcode
+///
+/// It is a widget like any other. Tab and the arrow keys go from row to row; Enter, F2, Space and typing work them; the
+/// border between labels and values can be dragged.
+class PROPERTIES_EXPORT CPropertyView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CPropertyView(QWidget* in_pParent = nullptr);
+    ~CPropertyView() override;
+
+    /// Shows every property of an object in place of what was shown: a group per class of what its meta-object
+    /// declares, and one for its dynamic properties. When the object dies its values go. Null: an empty page.
+    void ShowObject(QObject* in_pObject);
+
+    /// Shows the properties that the objects share, in place of what was shown.
+    void ShowObjects(const QList<QObject*>& in_objects);
+
+    /// What is shown, to be filled by hand.
+    CPropertyPage& Page() { return *m_pPage; }
+
+    /// Where editors come from, as for item views: by the type of a value, where it has one registered; else the
+    /// library's own. Null: QItemEditorFactory::defaultFactory(), which is how it begins. Not taken over.
+    void SetItemEditorFactory(const QItemEditorFactory* in_pFactory);
+
+    /// Takes over what is being typed, for instance before the application saves.
+    void TakeOver();
+
+    /// The left edge of the values in pixels; -1: as wide as the labels need.
+    int LabelColumn() const;
+    void SetLabelColumn(int in_iWidth);
+
+    /// The current row; one that is no row when there is none.
+    CPropertyRow CurrentRow() const;
+    void SetCurrentRow(const CPropertyRow& in_row);
+
+    /// Where a row's value is, in pixels of this widget; empty for a row that is not shown.
+    QRect ValueRect(const CPropertyRow& in_row) const;
+
+Q_SIGNALS:
+    void CurrentRowChanged();
+
+    /// The user follows a property that is another object.
+    void LinkActivated(QObject* in_pObject);
+
+private:
+    CPropertyPage* m_pPage;
+    CPropertyArea* m_pArea;
+};
+
+#endif
