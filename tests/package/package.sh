@@ -16,8 +16,8 @@ configure_and_build() {
 install() {
     rm -rf "$stage"
     cmake --install "$BUILD" --prefix "$stage" >/dev/null
-    diff <(cd "$SOURCE/shared/src/base/inspector" && grep -l INSPECTOR_EXPORT ./*.h | sort) \
-        <(cd "$stage/include/inspector$SUFFIX" && ls ./*.h | sort)
+    diff <(cd "$SOURCE/shared/src/base" && grep -lE 'INSPECTOR_EXPORT|PROPERTIES_EXPORT' -- */*.h | sed 's|.*/||' | sort) \
+        <(cd "$stage/include/inspector$SUFFIX" && ls -- *.h | sort)
 }
 
 # The programs run until they are stopped.
@@ -76,6 +76,11 @@ symbols() {
 readme() {
     diff "$SOURCE/examples/minimal/main.cpp" <(sed -n '/^```cpp$/,/^```$/{/^```/d;p}' "$SOURCE/README.md")
     (($(wc -l <"$SOURCE/README.md") < 120))
+    # All builds ask for the same CMake, and README says which.
+    diff <(sed -nE 's/.*CMake ([0-9.]+) or newer.*/\1/p' "$SOURCE/README.md") \
+        <(cd "$SOURCE" && sed -nE -e 's/.*cmake_minimum_required\(VERSION ([^)]*)\).*/\1/p' \
+            -e 's/.*"major": ([0-9]+), "minor": ([0-9]+).*/\1.\2/p' \
+            CMakeLists.txt CMakePresets.json examples/*/CMakeLists.txt tests/package/*/CMakeLists.txt | sort -u)
 }
 
 case $1 in
