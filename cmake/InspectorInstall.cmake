@@ -36,6 +36,9 @@ endif()
 
 inspector_install_library(inspector "${PROJECT_DESCRIPTION}" "${qt_module}" ${flags})
 if(TARGET inspectorproperties)
+    if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+        set_target_properties(inspectorproperties PROPERTIES INSTALL_RPATH "$ORIGIN") # finds the first library beside it
+    endif()
     inspector_install_library(inspectorproperties "Property pages of objects in one call" "inspector${INSPECTOR_SUFFIX}")
 endif()
 
