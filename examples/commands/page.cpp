@@ -168,7 +168,10 @@ void CShapePage::HandleDirtyController(std::vector<IDirtyControllerDataInfo*>& i
 /// An edit that is still open would be lost with its row: it ends first.
 void CShapePage::Build()
 {
-    m_view.FinishEditing();
+    if (CQTSimpleDataWidget::g_pInPlace)
+    {
+        CQTSimpleDataWidget::g_pInPlace->OnFinishEditing();
+    }
     ClearAllData();
     sNode* pGroup = m_pView->AddGroup("Shape", nullptr);
     AddKind(pGroup);

@@ -43,6 +43,7 @@ private slots:
     void OnObjectChanged();
 
 private:
+    void EndEditing();
     void Watch(QObject* in_pObject);
     void Rebuild();
 

@@ -1,8 +1,8 @@
 #include "qtinspectorview.h"
 
-#include "inplacekeeper.h"
 #include "inspectorqt.h"
 #include "labelwidths.h"
+#include "qtsimpledatawidget.h"
 #include "shapedtexts.h"
 #include "viewfilter.h"
 
@@ -38,10 +38,10 @@ CQTInspectorView::CQTInspectorView()
 
 CQTInspectorView::~CQTInspectorView()
 {
-    if (!m_pContentWidget->children().isEmpty())
+    if (m_pContentWidget->findChild<CQTEnumDataWidget*>())
     {
-        // A row's death may end an open list, whose report may still build on this view: better while that is whole.
-        CInPlaceKeeper::CloseLists();
+        // Its death would end an open list, whose report may still build on this view: better while that is whole.
+        CQTEnumDataWidget::g_pInPlaceList->SetSink(nullptr);
     }
     delete m_pContentWidget;
     m_pContentWidget = nullptr;
@@ -190,11 +190,6 @@ void CQTInspectorView::ShowInAreas(const QRect& in_row)
 void CQTInspectorView::ScrollTo(int in_iY)
 {
     m_pScrollBar->setValue(m_iViewHeight < m_iContentHeight ? in_iY : 0);
-}
-
-void CQTInspectorView::FinishEditing()
-{
-    m_pFilter->FinishEditing();
 }
 
 int CQTInspectorView::GetGroupLeftMargin()

@@ -453,20 +453,21 @@ bool CPropertyArea::focusNextPrevChild(bool in_bNext)
     return CQTInspectorView::focusNextPrevChild(in_bNext);
 }
 
-/// The base would repaint the whole page: only the current row looks different.
 void CPropertyArea::focusInEvent(QFocusEvent* in_pEvent)
 {
+    CQTInspectorView::focusInEvent(in_pEvent);
     const bool bByTab = in_pEvent->reason() == Qt::TabFocusReason || in_pEvent->reason() == Qt::BacktabFocusReason;
     if (bByTab && !Current())
     {
         MoveCurrent(in_pEvent->reason() == Qt::TabFocusReason ? -1 : 1);
     }
-    UpdateCurrent();
+    update();
 }
 
-void CPropertyArea::focusOutEvent(QFocusEvent*)
+void CPropertyArea::focusOutEvent(QFocusEvent* in_pEvent)
 {
-    UpdateCurrent();
+    CQTInspectorView::focusOutEvent(in_pEvent);
+    update();
 }
 
 /// The value as text, as a typed edit would read it.

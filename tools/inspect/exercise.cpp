@@ -1,0 +1,177 @@
+#include "exercise.h"
+
+#include "inspectwindow.h"
+#include "objecttree.h"
+#include "probe.h"
+#include "propertypage.h"
+#include "randomvalue.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace
+{
+const int g_iTries = 1000; ///< to find something to edit
+
+std::vector<tPropertyPtr> PropertiesOf(QObject* in_pObject)
+{
+    std::vector<tPropertyPtr> properties;
+    for (const PropertySource::sGroup& group : PropertySource::OfObject(in_pObject))
+    {
+        properties.insert(properties.end(), group.properties.begin(), group.properties.end());
+    }
+    return properties;
+}
+
+bool IsProgramWindow(const QWidget* in_pWidget)
+{
+    return in_pWidget->isVisible() && !CApartWindow::Owns(in_pWidget);
+}
+
+bool HasProgramWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), IsProgramWindow);
+}
+} // namespace
+
+void CExercise::BeginIfAsked(CProbe& in_probe)
+{
+    const int iEdits = qEnvironmentVariableIntValue("INSPECT_EXERCISE");
+    const bool bAsked = qEnvironmentVariableIsSet("INSPECT_EXERCISE");
+    qunsetenv("INSPECT_EXERCISE");
+    if (bAsked)
+    {
+        (new CExercise(in_probe, iEdits))->setParent(&in_probe);
+    }
+}
+
+CExercise::CExercise(CProbe& in_probe, int in_iEdits) : m_probe(in_probe), m_random(1), m_iEditsLeft(in_iEdits)
+{
+    connect(&m_timer, &QTimer::timeout, this, &CExercise::Step);
+    m_timer.start(0);
+}
+
+/// A dialog that an edit made the program show is closed, as nobody else would.
+void CExercise::Step()
+{
+    QWidget* pDialog = QApplication::activeModalWidget();
+    if (m_bInStep && pDialog)
+    {
+        ++m_iDialogs;
+        pDialog->close();
+        return;
+    }
+    if (m_bInStep || !HasProgramWindow())
+    {
+        return;
+    }
+    m_bInStep = true;
+    if (m_iNext == m_objects.size())
+    {
+        List();
+    }
+    if (m_iNext < m_objects.size())
+    {
+        Show(m_objects.at(m_iNext++));
+    }
+    else if (m_iEditsLeft > 0)
+    {
+        EditAny();
+    }
+    else
+    {
+        CloseProgram();
+    }
+    m_bInStep = false;
+}
+
+/// Adds the objects that are new since the last time.
+void CExercise::List()
+{
+    const QList<QObject*> objects = m_probe.Window().Tree().Objects();
+    for (QObject* pObject : objects)
+    {
+        if (!m_found.contains(pObject))
+        {
+            m_found.insert(pObject);
+            m_objects << pObject;
+        }
+    }
+}
+
+void CExercise::Show(QObject* in_pObject)
+{
+    if (!in_pObject)
+    {
+        return;
+    }
+    m_probe.Window().Select(in_pObject);
+    for (const tPropertyPtr& pProperty : PropertiesOf(in_pObject))
+    {
+        pProperty->Read();
+        ++m_iRead;
+    }
+}
+
+void CExercise::EditAny()
+{
+    --m_iEditsLeft;
+    for (int i = 0; i < g_iTries; ++i)
+    {
+        QObject* pObject = m_objects.at(m_random.bounded(static_cast<int>(m_objects.size())));
+        const std::vector<tPropertyPtr> properties = PropertiesOf(pObject);
+        const tPropertyPtr pProperty =
+            properties.empty() ? nullptr : properties[m_random.bounded(static_cast<quint32>(properties.size()))];
+        const bool bWritable = pProperty && !pProperty->IsReadOnly();
+        const QVariant value = bWritable ? RandomValue(*pProperty, pProperty->Read(), m_random) : QVariant();
+        if (value.isValid())
+        {
+            m_probe.Window().Select(pObject);
+            Edit(pProperty, value);
+            return;
+        }
+    }
+}
+
+void CExercise::Edit(const tPropertyPtr& in_pProperty, const QVariant& in_value)
+{
+    const QVariant before = in_pProperty->Read();
+    const QString strClass = QString::fromLatin1(in_pProperty->Object()->metaObject()->className());
+    m_probe.Window().Page().Write(in_pProperty, in_value);
+    QCoreApplication::processEvents();
+    m_probe.Window().Page().Write(in_pProperty, before);
+    QCoreApplication::processEvents();
+    ++m_iEdits;
+    if (in_pProperty->Object() && in_pProperty->Read() != before)
+    {
+        m_notUndone << strClass + QLatin1Char('.') + in_pProperty->Name();
+    }
+}
+
+void CExercise::Report() const
+{
+    std::fprintf(stderr,
+                 "inspect: %d objects selected, %d properties read, %d edits made and undone, %d dialogs closed\n",
+                 static_cast<int>(m_found.size()), m_iRead, m_iEdits, m_iDialogs);
+    if (!m_notUndone.isEmpty())
+    {
+        std::fprintf(stderr, "inspect: %d did not come back to the same value: %s\n",
+                     static_cast<int>(m_notUndone.size()), qPrintable(m_notUndone.join(QLatin1String(", "))));
+    }
+}
+
+/// The way a person closes a program; one that asks a question first, or stays in the background, is told to quit.
+void CExercise::CloseProgram()
+{
+    Report();
+    QApplication::closeAllWindows();
+    if (HasProgramWindow())
+    {
+        std::fputs("inspect: the program did not close its windows when asked to, and was told to quit\n", stderr);
+    }
+    m_timer.stop();
+    QCoreApplication::quit();
+}
