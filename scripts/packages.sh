@@ -4,12 +4,23 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 target=$(realpath -m "${1:-build/packages}")
 
-scripts/setup.sh g++ cmake ninja-build dpkg-dev qt6-base-dev qtbase5-dev
+scripts/setup.sh g++ cmake ninja-build dpkg-dev lintian qt6-base-dev qtbase5-dev
 CXXFLAGS="$(dpkg-buildflags --get CXXFLAGS) $(dpkg-buildflags --get CPPFLAGS)"
 LDFLAGS=$(dpkg-buildflags --get LDFLAGS)
 export CXXFLAGS LDFLAGS
 umask 022
 
+# CPack has ldconfig called by scripts of the package, which its trigger makes needless.
+drop_scripts() {
+    local unpacked
+    unpacked=$(mktemp -d)
+    dpkg-deb --raw-extract "$1" "$unpacked"
+    rm -f "$unpacked"/DEBIAN/post{inst,rm}
+    dpkg-deb --root-owner-group --build "$unpacked" "$1" >/dev/null
+    rm -rf "$unpacked"
+}
+
+rm -f "$target"/*.deb
 for version in 6 5; do
     build=build/package-qt$version
     cmake -S . -B "$build" -G Ninja --log-level=WARNING \
@@ -19,4 +30,8 @@ for version in 6 5; do
     (cd "$build" && cpack -B "$target" >/dev/null)
 done
 rm -rf "$target/_CPack_Packages"
+for package in "$target"/*.deb; do
+    drop_scripts "$package"
+done
+lintian --fail-on error,warning "$target"/*.deb
 ls "$target"/*.deb

@@ -1,7 +1,7 @@
 #!/bin/bash
 # try_packages.sh <folder with the packages> [folder for a new Debian system]
-# Installs the packages on a Debian system with nothing else on it, then builds and runs a program and every example
-# there. To be run as root; needs debootstrap. The system stays for a look at it if it has a folder of its own.
+# Installs the packages on a Debian system with nothing else on it, then builds and runs a program of each library and
+# every packaged example there. To be run as root; needs debootstrap. The system stays for a look at it if it has a folder of its own.
 set -euo pipefail
 project=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
 packages=$(realpath "$1")
@@ -19,8 +19,9 @@ inside() {
 [[ -e $root/etc/debian_version ]] || debootstrap --variant=minbase bookworm "$root"
 cp /etc/resolv.conf "$root/etc/"
 mkdir -p "$root/try"
-cp "$packages"/libinspector-qt[56]*.deb "$root/try/"
-cp -r "$project/examples" "$project/tests/package/consumer" "$root/try/"
+cp "$packages"/*.deb "$root/try/"
+mkdir -p "$root/try/tests/package"
+cp -r "$project/tests/package/consumer" "$root/try/tests/package/"
 
 inside apt-get -q update
 # What the packages depend on is missing at first: dpkg says so, and apt brings just that.
@@ -28,17 +29,29 @@ inside sh -c 'dpkg -i /try/*.deb || apt-get -q -y --no-install-recommends --fix-
 inside sh -c 'dpkg -i /try/*.deb && dpkg -l "libinspector*"'
 inside apt-get -q -y --no-install-recommends install g++ cmake ninja-build pkg-config
 
+# The programs run until they are stopped.
 for version in 6 5; do
     inside bash -euc '
+        runs() {
+            local status=0
+            timeout 2 "$1" || status=$?
+            ((status == 124))
+        }
         cd /try
         name=inspector-qt$1
-        g++ consumer/main.cpp -o consumer-$name $(pkg-config --cflags --libs $name)
-        ./consumer-$name
-        echo "Built with pkg-config and run: $name"
-        cmake -G Ninja -S consumer -B build-$name -DINSPECTOR_PACKAGE=Inspector-qt$1 -DINSPECTOR_VERSION=0.1
-        cmake --build build-$name
-        build-$name/consumer
-        echo "Built with CMake and run: $name"
+        cp -r "/usr/share/doc/lib$name-dev/examples" .
+        consumer=tests/package/consumer
+        mkdir -p "pkgconfig-$name"
+        g++ examples/minimal/main.cpp -o "pkgconfig-$name/consumer" $(pkg-config --cflags --libs $name)
+        g++ $consumer/page.cpp -o "pkgconfig-$name/page" $(pkg-config --cflags --libs inspectorproperties-qt$1)
+        runs "pkgconfig-$name/consumer"
+        runs "pkgconfig-$name/page"
+        echo "Built with pkg-config and run: both libraries, $name"
+        cmake -G Ninja -S $consumer -B "build-$name" -DINSPECTOR_PACKAGE=Inspector-qt$1 -DINSPECTOR_VERSION=0.1
+        cmake --build "build-$name"
+        runs "build-$name/consumer"
+        runs "build-$name/page"
+        echo "Built with CMake and run: both libraries, $name"
         for list in examples/*/CMakeLists.txt; do
             example=$(basename $(dirname $list))
             cmake -G Ninja -S examples/$example -B build-$name/$example -DInspector_DIR=$(
@@ -46,8 +59,7 @@ for version in 6 5; do
             cmake --build build-$name/$example
             program=$(find build-$name/$example -maxdepth 1 -type f -perm -u+x)
             ldd $program | grep -q lib$name
-            timeout 2 $program && status=0 || status=$?
-            test $status = 124
+            runs $program
             echo "Built and run: $example with $name"
         done' - "$version"
 done

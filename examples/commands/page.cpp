@@ -168,10 +168,7 @@ void CShapePage::HandleDirtyController(std::vector<IDirtyControllerDataInfo*>& i
 /// An edit that is still open would be lost with its row: it ends first.
 void CShapePage::Build()
 {
-    if (CQTSimpleDataWidget::g_pInPlace)
-    {
-        CQTSimpleDataWidget::g_pInPlace->OnFinishEditing();
-    }
+    m_view.FinishEditing();
     ClearAllData();
     sNode* pGroup = m_pView->AddGroup("Shape", nullptr);
     AddKind(pGroup);

@@ -38,7 +38,7 @@ CObjectInspector::CObjectInspector(CQTInspectorView* in_pView) : m_pQtView(in_pV
 
 void CObjectInspector::SetPreviewMode(bool in_bPreview)
 {
-    EndEditing();
+    m_pView ? m_pQtView->FinishEditing() : void();
     CInspectorController::SetPreviewMode(in_bPreview);
     Rebuild();
 }
@@ -70,7 +70,6 @@ void CObjectInspector::HandleDirtyController(std::vector<IDirtyControllerDataInf
 
 void CObjectInspector::CallCommand(const char* in_strName, unsigned long)
 {
-    EndEditing();
     OnObjectChanged();
     if (m_pObject)
     {
@@ -90,7 +89,7 @@ bool CObjectInspector::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
 void CObjectInspector::ShowObject(QObject* in_pObject)
 {
     const QPointer<QObject> pObject = in_pObject;
-    EndEditing();
+    m_pView ? m_pQtView->FinishEditing() : void();
     if (pObject != m_pObject)
     {
         Watch(pObject);
@@ -103,24 +102,6 @@ void CObjectInspector::OnObjectChanged()
     if (m_dirtyController.empty())
     {
         DirtifyController(nullptr);
-    }
-}
-
-/// Whatever an edit does when it ends, none goes on after this: the line editor may have moved to the next row.
-void CObjectInspector::EndEditing()
-{
-    if (CQTSimpleDataWidget::g_pInPlace)
-    {
-        CQTSimpleDataWidget::g_pInPlace->OnFinishEditing();
-    }
-    if (CQTSimpleDataWidget::g_pInPlace)
-    {
-        CQTSimpleDataWidget::g_pInPlace->ReleaseInteraction();
-    }
-    QWidget* pFocused = QApplication::focusWidget();
-    if (pFocused && m_pView && m_pQtView->isAncestorOf(pFocused))
-    {
-        pFocused->clearFocus(); // a text of several lines reports when it loses the focus
     }
 }
 

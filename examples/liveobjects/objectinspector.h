@@ -43,7 +43,6 @@ private slots:
     void OnObjectChanged();
 
 private:
-    void EndEditing();
     void Watch(QObject* in_pObject);
     void Rebuild();
 

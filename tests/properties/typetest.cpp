@@ -97,6 +97,7 @@ private slots:
     void ChoiceList();
     void Wheel();
     void Dialog();
+    void OtherDialogs();
     void ForeignEditors();
     void Looks();
 };
@@ -380,6 +381,8 @@ void CTypeTest::Parts_data()
                              << "1, 2, 3, 5";
     QTest::newRow("real margins") << QVariant::fromValue(QMarginsF(1, 2, 3, 4)) << "left top right bottom"
                                   << QVariant(.5) << "1, 2, 3, 0.5";
+    QTest::newRow("size policy") << QVariant(QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored))
+                                 << "width height width height" << QVariant(3) << "Fixed, Ignored, 0, 3";
     QTest::newRow("vector") << QVariant(QVector3D(1, 2, .1F)) << "x y z" << QVariant(.2F) << "1, 2, 0.2";
 }
 
@@ -448,14 +451,22 @@ void CTypeTest::Edits()
     property.EditFormat().editor = static_cast<sPropertyFormat::eEditor>(editor);
     sEdit edit(property, value);
     QVERIFY(TestSupport::ShowWindow(&edit.window));
+    const auto Refresh = [&] { // what is half typed stays when the row is told the same value again
+        IsSame(edit.Value(), value) && edit.editor.value.write(edit.editor.widget, value);
+    };
     for (const QString& strKey : keys.split(' '))
     {
         if (strKey.startsWith('\''))
         {
-            QTest::keyClicks(QApplication::focusWidget(), strKey.mid(1).chopped(1));
+            for (const QChar c : strKey.mid(1).chopped(1))
+            {
+                QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+                Refresh();
+            }
             continue;
         }
         QTest::keySequence(QApplication::focusWidget(), QKeySequence(strKey));
+        Refresh();
     }
     QVERIFY2(IsSame(edit.Value(), edited), qPrintable(edit.Value().toString()));
     QTEST(edit.editor.live ? int(edit.changes.size()) : 0, "changes");
@@ -570,6 +581,22 @@ void CTypeTest::Dialog()
     QCOMPARE(edit.Value().value<QColor>(), QColor(Qt::green));
     CPropertyType::OpenList(edit.editor.widget);
     delete edit.editor.widget;
+}
+
+void CTypeTest::OtherDialogs()
+{
+    for (const QVariant& value : {QVariant(QFont()), QVariant(QDir::tempPath())})
+    {
+        CTestProperty property(value);
+        property.EditFormat().editor = sPropertyFormat::eFolder;
+        sEdit edit(property, value);
+        QVERIFY(TestSupport::ShowWindow(&edit.window));
+        CPropertyType::OpenList(edit.editor.widget);
+        QDialog* pDialog = edit.editor.widget->findChild<QDialog*>();
+        QVERIFY(pDialog && TestSupport::WaitUntil([&] { return pDialog->isVisible(); }));
+        pDialog->accept();
+        QVERIFY2(edit.Value() == value, qPrintable(edit.Value().toString()));
+    }
 }
 
 void CTypeTest::ForeignEditors()

@@ -7,7 +7,8 @@ namespace
 class CLinePage : public CWorkedPage
 {
 public:
-    /// \param in_strRows L a line, R a read-only one, B a bool, T a long text, (...) a single-line container
+    /// \param in_strRows L a line, R a read-only one, B a bool, T a long text, C a command, (...) a single-line
+    /// container
     CLinePage(const QString& in_strRows, QWidget* in_pOther) : CWorkedPage(in_pOther)
     {
         AddRows(in_strRows);
@@ -19,6 +20,8 @@ public:
         m_acts["set"] = [this](int in_iRow) { m_lines[in_iRow]->SetText("m"); };
         m_acts["into"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9)); };
         m_acts["menu"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9), Qt::RightButton); };
+        m_acts["finish"] = [this](int) { m_pView->FinishEditing(); };
+        m_acts["edit"] = [this](int in_iRow) { WidgetAt<CQTSimpleDataWidget>(in_iRow)->StartEditing(); };
         m_acts["latehide"] = [this](int) {
             QHideEvent event;
             QCoreApplication::sendEvent(Editor(), &event);
@@ -54,6 +57,9 @@ private:
             return;
         case 'B':
             Add<CQTSimpleBoolWidget, CBoolDataElement>(strName.c_str());
+            break;
+        case 'C':
+            Add<CQTButtonWidget, CButtonDataElement>(strName.c_str())->m_strCaption.assign(60, 'x'); // fills the row
             break;
         case 'T':
             Add<CQTSimpleTextWidget, CSimpleDataElement>(strName.c_str());
@@ -117,6 +123,11 @@ void LineEditTest::Editing_data()
         {"follows the element", "LL", "click0 set0", "@0=m"},
         {"typed text is kept, Escape drops it", "LL", "click0 x set0 Return click0 y set0 Escape", "0=x 0:1 0:0"},
         {"word of an earlier hide", "LL", "click0 x latehide y", "@0=xy"},
+        {"taken over, nothing goes on", "LLT", "click0 Tab x when:edit0 finish click2 y finish", "0:2 1=x 1:4 2=y"},
+        {"view deleted by what is taken over", "TL", "when:delete click0 x finish", "0=x"},
+        {"a command gets what was typed", "LTC", "press0 x press2 click1 y click2",
+         "0=x 0:4 command: 1=y command:", eSent},
+        {"so it does with real input", "LTC", "click0 x click2 click1 y click2", "0=x 0:4 command: 1=y command:"},
         {"row removed", "LL", "click0 x remove0", "0-"},
         {"last row removed in the report", "LL", "when:clear click0 x Tab", "0=x 0- 1-"},
         {"view deleted in the report", "LL", "when:delete click0 x Tab", "0=x"},

@@ -31,7 +31,7 @@ bool EndsEditing(const QKeyEvent& in_key, CInspectorDataElement::eEndEditCause& 
 }
 } // namespace
 
-CInPlaceEdit::CInPlaceEdit() : m_pKeeper(new CInPlaceKeeper(this, CInPlaceKeeper::eLine))
+CInPlaceEdit::CInPlaceEdit() : m_pKeeper(new CInPlaceKeeper(this, CInPlaceKeeper::eLine, [this] { EndNestedEdit(); }))
 {
     setMaxLength(std::numeric_limits<int>::max());
     connect(this, SIGNAL(editingFinished()), this, SLOT(OnFinishEditing()));
@@ -61,6 +61,11 @@ void CInPlaceEdit::SetText(const char* in_strText)
 void CInPlaceEdit::FinishRunningEdit()
 {
     OnFinishEditing();
+    EndNestedEdit();
+}
+
+void CInPlaceEdit::EndNestedEdit()
+{
     while (m_bEditing && isModified())
     {
         OnFinishEditing();

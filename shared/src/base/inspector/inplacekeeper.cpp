@@ -2,6 +2,8 @@
 
 #include "inspectorqt.h"
 
+#include <vector>
+
 namespace
 {
 const int g_iLookInterval = 20; ///< in milliseconds
@@ -42,12 +44,62 @@ CInPlaceKeeper::CBusy::~CBusy()
     }
 }
 
-CInPlaceKeeper::CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind)
+CInPlaceKeeper* CInPlaceKeeper::s_pFirst = nullptr;
+
+CInPlaceKeeper::CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind, const std::function<void()>& in_drop)
     : QObject(in_pEditor),
+      m_pNext(s_pFirst),
       m_pEditor(in_pEditor),
-      m_eKind(in_eKind)
+      m_eKind(in_eKind),
+      m_drop(in_drop)
 {
+    s_pFirst = this;
     m_pEditor->setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+CInPlaceKeeper::~CInPlaceKeeper()
+{
+    CInPlaceKeeper** ppKeeper = &s_pFirst;
+    while (*ppKeeper != this)
+    {
+        ppKeeper = &(*ppKeeper)->m_pNext;
+    }
+    *ppKeeper = m_pNext;
+}
+
+void CInPlaceKeeper::EndEdits(const QWidget* in_pAround)
+{
+    EndAll(in_pAround, [](CInPlaceKeeper& io_keeper) { io_keeper.EndEditing(); });
+}
+
+void CInPlaceKeeper::DropEdits(const QWidget* in_pAround)
+{
+    EndAll(in_pAround, [](CInPlaceKeeper& io_keeper) { io_keeper.m_drop(); });
+}
+
+void CInPlaceKeeper::CloseLists()
+{
+    EndAll(nullptr,
+           [](CInPlaceKeeper& io_keeper) { io_keeper.m_eKind == eDropDown ? io_keeper.EndEditing() : void(); });
+}
+
+/// Each that is open now is ended once: a report may open it again, or destroy it, or what it is to be open in.
+void CInPlaceKeeper::EndAll(const QWidget* in_pAround, const std::function<void(CInPlaceKeeper&)>& in_end)
+{
+    std::vector<QPointer<CInPlaceKeeper>> keepers;
+    for (CInPlaceKeeper* pKeeper = s_pFirst; pKeeper; pKeeper = pKeeper->m_pNext)
+    {
+        pKeeper->IsOpenIn(in_pAround) ? keepers.push_back(pKeeper) : void();
+    }
+    for (const QPointer<CInPlaceKeeper>& pKeeper : keepers)
+    {
+        pKeeper && pKeeper->m_pOver ? in_end(*pKeeper) : void();
+    }
+}
+
+bool CInPlaceKeeper::IsOpenIn(const QWidget* in_pAround) const
+{
+    return m_pOver && (!in_pAround || in_pAround->isAncestorOf(m_pOver));
 }
 
 void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::WindowFlags in_flags)

@@ -9,6 +9,8 @@
 #include <QRect>
 #include <QWidget>
 
+#include <functional>
+
 /// Notices the death of a sink that is a Qt object.
 class CInPlaceSinkWatch
 {
@@ -22,8 +24,9 @@ private:
 };
 
 /// Keeps an in-place editor, which is a window of its own, over the widget that it edits: opens and closes it, follows
-/// the widget, tells the editor when it has to end, and puts off the editor's deletion while it is in use. Private to
-/// the library; a child of the editor.
+/// the widget, tells the editor when it has to end, and puts off the editor's deletion while it is in use. All keepers
+/// together know what is being edited in place, so that nobody else needs to know the editors. Private to the library;
+/// a child of the editor.
 ///
 /// It tells the editor to end by sending it a QEvent::WindowDeactivate, the event that a lost focus brings.
 class CInPlaceKeeper : public QObject
@@ -46,7 +49,18 @@ public:
         CInPlaceKeeper* m_pKeeper;
     };
 
-    CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind);
+    /// \param in_drop ends an edit that a report has begun: without a report, unless something was typed
+    CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind, const std::function<void()>& in_drop);
+    ~CInPlaceKeeper() override;
+
+    /// Ends what is being edited in place inside a widget (null: anywhere), and reports it as a lost focus.
+    static void EndEdits(const QWidget* in_pAround);
+
+    /// Ends what a report of EndEdits has begun to edit in place inside a widget.
+    static void DropEdits(const QWidget* in_pAround);
+
+    /// Closes open lists, and reports that.
+    static void CloseLists();
 
     /// Shows and activates the editor over a widget, at a place in global coordinates.
     void Open(QWidget* in_pOver, const QRect& in_geometry, Qt::WindowFlags in_flags);
@@ -69,6 +83,8 @@ protected:
     void timerEvent(QTimerEvent* in_pEvent) override;
 
 private:
+    static void EndAll(const QWidget* in_pAround, const std::function<void(CInPlaceKeeper&)>& in_end);
+    bool IsOpenIn(const QWidget* in_pAround) const;
     void RequestCheck();
     void Follow();
     void EndEditing();
@@ -77,8 +93,11 @@ private:
     QRect OverRect() const;
     bool IsInSight() const;
 
+    static CInPlaceKeeper* s_pFirst; ///< of all that there are
+    CInPlaceKeeper* m_pNext;
     QWidget* m_pEditor;
     eKind m_eKind;
+    std::function<void()> m_drop;
     QPointer<QWidget> m_pOver;
     QPointer<QWidget> m_pOwner; ///< the widget's window, which stays when the widget dies while it is edited
     QRect m_overRect;           ///< where the widget was when the editor was last placed

@@ -12,7 +12,11 @@ const int g_iListFrame = 6;    ///< what the list is taller than its rows
 const int g_iListMinimum = 99; ///< from the first to the last pixel of the narrowest list
 } // namespace
 
-CInPlaceList::CInPlaceList() : m_pKeeper(new CInPlaceKeeper(this, CInPlaceKeeper::eDropDown))
+CInPlaceList::CInPlaceList()
+    : m_pKeeper(new CInPlaceKeeper(this, CInPlaceKeeper::eDropDown, [this] {
+          m_bEditing = false;
+          m_pKeeper->Close();
+      }))
 {
     setSelectionMode(QAbstractItemView::SingleSelection);
     connect(this, SIGNAL(itemClicked(QListWidgetItem*)), this, SLOT(OnItemClicked(QListWidgetItem*)));

@@ -1,8 +1,8 @@
 #include "qtinspectorview.h"
 
+#include "inplacekeeper.h"
 #include "inspectorqt.h"
 #include "labelwidths.h"
-#include "qtsimpledatawidget.h"
 #include "shapedtexts.h"
 #include "viewfilter.h"
 
@@ -38,10 +38,10 @@ CQTInspectorView::CQTInspectorView()
 
 CQTInspectorView::~CQTInspectorView()
 {
-    if (m_pContentWidget->findChild<CQTEnumDataWidget*>())
+    if (!m_pContentWidget->children().isEmpty())
     {
-        // Its death would end an open list, whose report may still build on this view: better while that is whole.
-        CQTEnumDataWidget::g_pInPlaceList->SetSink(nullptr);
+        // A row's death may end an open list, whose report may still build on this view: better while that is whole.
+        CInPlaceKeeper::CloseLists();
     }
     delete m_pContentWidget;
     m_pContentWidget = nullptr;
@@ -190,6 +190,11 @@ void CQTInspectorView::ShowInAreas(const QRect& in_row)
 void CQTInspectorView::ScrollTo(int in_iY)
 {
     m_pScrollBar->setValue(m_iViewHeight < m_iContentHeight ? in_iY : 0);
+}
+
+void CQTInspectorView::FinishEditing()
+{
+    m_pFilter->FinishEditing();
 }
 
 int CQTInspectorView::GetGroupLeftMargin()

@@ -45,6 +45,11 @@ public:
     /// the row begins above the view. Each QScrollArea that the view stands in then does the same.
     void EnsureVisible(CInspectorDataWidget* in_pWidget) override;
 
+    /// Takes over what is being edited on this view, in place or in a row, as if its focus were lost; afterwards
+    /// nothing is being edited here. To be called before a command, before saving and before the page is rebuilt: with
+    /// its row, text that was typed is lost. What is reported may do anything, even delete the view.
+    void FinishEditing();
+
     /// The metrics, in pixels, in preview mode too; override them for others.
     int GetGroupLeftMargin() override;      ///< 5
     int GetGroupRightMargin() override;     ///< 5

@@ -74,6 +74,7 @@ protected:
 
 private:
     void FinishRunningEdit();
+    void EndNestedEdit();
     bool ClaimKey(QEvent* in_pOverride);
     bool EndWith(CInspectorDataElement::eEndEditCause in_eCause);
 

@@ -1,5 +1,6 @@
 #include "viewfilter.h"
 
+#include "inplacekeeper.h"
 #include "inspectordataelement.h"
 #include "inspectorqt.h"
 #include "qtsimpledatawidget.h"
@@ -175,7 +176,7 @@ bool CViewFilter::TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMou
         m_pPressed = Hit(in_pNative, in_press.pos());
     }
     const QPointer<QWidget> pTarget = QWidget::mouseGrabber() ? QWidget::mouseGrabber() : m_pPressed.data();
-    if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) || !IsInRow(pTarget))
+    if (in_press.button() != Qt::RightButton || InspectorQt::BeginsDoubleClick(in_press) || !RowOf(pTarget))
     {
         return false;
     }
@@ -203,13 +204,23 @@ bool CViewFilter::Follow(const QWidget& in_native, const QMouseEvent& in_event)
     return bOurs;
 }
 
-bool CViewFilter::IsInRow(QWidget* in_pWidget) const
+/// The data widget that a widget is or is in, null for none.
+QWidget* CViewFilter::RowOf(QWidget* in_pWidget) const
 {
     while (in_pWidget && in_pWidget->parentWidget() != m_pContent)
     {
         in_pWidget = in_pWidget->isWindow() ? nullptr : in_pWidget->parentWidget();
     }
-    return dynamic_cast<CInspectorDataWidget*>(in_pWidget);
+    return dynamic_cast<CInspectorDataWidget*>(in_pWidget) ? in_pWidget : nullptr;
+}
+
+/// Whether what is hit may work on values that are being typed: a row that is neither edited in place nor has the
+/// focus.
+bool CViewFilter::WorksOnValues(QWidget* in_pHit) const
+{
+    QWidget* pRow = RowOf(in_pHit);
+    QWidget* pFocused = QApplication::focusWidget();
+    return pRow && !dynamic_cast<IInPlaceEditSink*>(pRow) && pRow != pFocused && !pRow->isAncestorOf(pFocused);
 }
 
 /// Qt gives the focus to what was pressed and then goes on with it. A data widget that thereby loses the focus reports,
@@ -218,10 +229,13 @@ void CViewFilter::EndEdits(QWidget* in_pNative, const QMouseEvent& in_press)
 {
     const QPointer<QObject> self = this;
     const QPointer<QWidget> pNative = in_pNative;
-    if (in_press.button() == Qt::RightButton && CQTSimpleDataWidget::g_pInPlace)
+    if (in_press.button() == Qt::RightButton)
     {
-        QEvent deactivation(QEvent::WindowDeactivate); // which a context menu would cause while Qt opens the menu
-        QCoreApplication::sendEvent(CQTSimpleDataWidget::g_pInPlace, &deactivation);
+        CInPlaceKeeper::EndEdits(nullptr); // as a context menu would while Qt opens it
+    }
+    if (self && pNative && WorksOnValues(Hit(pNative, in_press.pos())))
+    {
+        FinishEditing();
     }
     if (self && pNative && ClickFocusTaker(Hit(pNative, in_press.pos())))
     {
@@ -240,6 +254,20 @@ void CViewFilter::GiveFocus(QWidget* in_pPressed)
     if (pTaker)
     {
         pTaker->setFocus(Qt::MouseFocusReason);
+    }
+}
+
+void CViewFilter::FinishEditing()
+{
+    const QPointer<QObject> self = this;
+    CInPlaceKeeper::EndEdits(m_pContent);
+    if (self)
+    {
+        TakeFocus();
+    }
+    if (self)
+    {
+        CInPlaceKeeper::DropEdits(m_pContent); // what a report has begun
     }
 }
 

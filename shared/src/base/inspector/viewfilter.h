@@ -13,7 +13,9 @@
 /// - The wheel scrolls the view wherever the cursor is over it: no editor takes the wheel, nor the focus by it.
 /// - A press of the right button reaches a data widget from here, because Qt would follow it by a context-menu event to
 ///   that same widget, even if the press has made the application destroy it. So do the moves and the release after it.
-/// - A data widget that is to lose the focus to a press loses it before the press is delivered.
+/// - A data widget that is to lose the focus to a press loses it before the press is delivered. A press on a row that
+/// is
+///   not edited in place, a command for instance, first ends whatever is being edited in the view.
 class CViewFilter : public QObject
 {
 public:
@@ -25,6 +27,9 @@ public:
 
     /// Takes the focus from the data widget that has it, if one has. What that reports may destroy it, and the view.
     void TakeFocus();
+
+    /// See CQTInspectorView.
+    void FinishEditing();
 
     bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
@@ -40,7 +45,8 @@ private:
     bool Scroll(QEvent* in_pWheel);
     bool TakePress(QObject* in_pWindow, QWidget* in_pNative, const QMouseEvent& in_press);
     bool Follow(const QWidget& in_native, const QMouseEvent& in_event);
-    bool IsInRow(QWidget* in_pWidget) const;
+    QWidget* RowOf(QWidget* in_pWidget) const;
+    bool WorksOnValues(QWidget* in_pHit) const;
     void EndEdits(QWidget* in_pNative, const QMouseEvent& in_press);
     static void GiveFocus(QWidget* in_pPressed);
 

@@ -72,8 +72,14 @@ QDialog* CFontEditor::CreateDialog()
 {
     const QVariant before = Value();
     QFontDialog* pDialog = new QFontDialog(before.value<QFont>(), this);
-    connect(pDialog, &QFontDialog::currentFontChanged, this, [this](const QFont& in_font) { SetValue(in_font); });
-    connect(pDialog, &QFontDialog::fontSelected, this, [this](const QFont& in_font) { SetValue(in_font); });
+    // The dialog has sizes in points and styles that are installed: what it makes of the font is no choice of the
+    // user's.
+    const QFont shown = pDialog->currentFont();
+    const auto Take = [this, before, shown](const QFont& in_font) {
+        SetValue(in_font == shown ? before : QVariant(in_font));
+    };
+    connect(pDialog, &QFontDialog::currentFontChanged, this, Take);
+    connect(pDialog, &QFontDialog::fontSelected, this, Take);
     connect(pDialog, &QDialog::rejected, this, [this, before] { SetValue(before); });
     return pDialog;
 }

@@ -5,6 +5,7 @@
 #include <QtAlgorithms>
 
 #include <algorithm>
+#include <map>
 
 std::vector<int> KeyTexts::Distinct(const QMetaEnum& in_keys)
 {
@@ -117,28 +118,37 @@ public:
 class CEnumType final : public CPropertyType
 {
 public:
+    /// Without keys they are the format's.
+    explicit CEnumType(const QMetaEnum& in_keys = QMetaEnum()) : m_keys(in_keys) {}
+
     eWork Work() const override { return eList; }
 
     QString Text(const sPropertyFormat& in_format, const QVariant& in_value) const override
     {
-        return KeyTexts::OfKey(in_format.keys, in_value.toInt());
+        return KeyTexts::OfKey(Keys(in_format), in_value.toInt());
     }
 
     QVariant FromText(const sPropertyFormat& in_format, const QString& in_strText, const QVariant&) const override
     {
-        const std::optional<int> value = KeyTexts::Value(in_format.keys, in_strText);
+        const std::optional<int> value = KeyTexts::Value(Keys(in_format), in_strText);
         return value ? QVariant(*value) : QVariant();
     }
 
     QWidget* CreateEditor(const sPropertyFormat& in_format, QWidget* in_pParent) const override
     {
         QVector<sPropertyChoice> choices;
-        for (const int iKey : KeyTexts::Distinct(in_format.keys))
+        const QMetaEnum& keys = Keys(in_format);
+        for (const int iKey : KeyTexts::Distinct(keys))
         {
-            choices.push_back({in_format.keys.value(iKey), QString::fromLatin1(in_format.keys.key(iKey))});
+            choices.push_back({keys.value(iKey), QString::fromLatin1(keys.key(iKey))});
         }
         return new CChoiceEditor(choices, in_pParent);
     }
+
+private:
+    const QMetaEnum& Keys(const sPropertyFormat& in_format) const { return m_keys.isValid() ? m_keys : in_format.keys; }
+
+    QMetaEnum m_keys;
 };
 
 class CFlagsType final : public CPropertyType
@@ -175,4 +185,10 @@ const CPropertyType& KeysType(bool in_bFlags)
     static const CEnumType one;
     static const CFlagsType several;
     return in_bFlags ? static_cast<const CPropertyType&>(several) : one;
+}
+
+const CPropertyType& EnumType(const QMetaEnum& in_keys)
+{
+    static std::map<const char*, CEnumType> types;
+    return types.emplace(in_keys.name(), in_keys).first->second;
 }

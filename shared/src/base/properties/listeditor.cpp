@@ -29,11 +29,9 @@ void CChoiceEditor::SetValue(const QVariant& in_value)
     m_value = in_value;
     const auto found = std::find_if(m_choices.begin(), m_choices.end(),
                                     [&](const sPropertyChoice& in_choice) { return in_choice.value == in_value; });
-    const QSignalBlocker unheard(this);
-    setCurrentIndex(found == m_choices.end() ? -1 : static_cast<int>(found - m_choices.begin()));
+    setCurrentIndex(found == m_choices.end() ? -1 : static_cast<int>(found - m_choices.begin())); // already chosen
     if (bChanged)
     {
-        const_cast<QSignalBlocker&>(unheard).unblock();
         Q_EMIT ValueChanged(m_value);
     }
 }

@@ -378,12 +378,12 @@ CPropertyArea::sHit CPropertyArea::HitAt(const QPoint& in_position)
 void CPropertyArea::SetCurrent(const tItemPtr& in_pItem, int in_iPart)
 {
     const tItemPtr pBefore = Current();
+    UpdateCurrent();
     m_current = in_pItem;
     m_iPart = in_iPart;
-    update(pBefore && pBefore->height > 0 ? RowRect(*pBefore) : QRect());
+    UpdateCurrent();
     if (in_pItem)
     {
-        update(RowRect(*in_pItem));
         ScrollTo(*in_pItem);
     }
     if (pBefore != in_pItem)

@@ -76,6 +76,9 @@ public:
     void SetExpanded(sPropertyItem& in_item, bool in_bExpand);
     void ScrollTo(const sPropertyItem& in_item);
 
+    /// Whether the keyboard works this page.
+    bool IsActive() const { return hasFocus() || m_pEdit; }
+
     /// Places, in pixels of this widget. Empty for what is not shown.
     QRect RowRect(const sPropertyItem& in_item) const;
     QRect ValueRect(const sPropertyItem& in_item) const;
@@ -159,6 +162,7 @@ private:
     void PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart);
     void PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect);
     void PaintCommand(QPainter& in_painter, const sPropertyItem& in_item);
+    void UpdateCurrent();
     void PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText, const QColor& in_colour);
     QString PartText(const sPropertyItem& in_item, int in_iPart) const;
     QColor TextColour(QPalette::ColorRole in_eRole) const;

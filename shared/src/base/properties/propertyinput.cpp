@@ -453,21 +453,20 @@ bool CPropertyArea::focusNextPrevChild(bool in_bNext)
     return CQTInspectorView::focusNextPrevChild(in_bNext);
 }
 
+/// The base would repaint the whole page: only the current row looks different.
 void CPropertyArea::focusInEvent(QFocusEvent* in_pEvent)
 {
-    CQTInspectorView::focusInEvent(in_pEvent);
     const bool bByTab = in_pEvent->reason() == Qt::TabFocusReason || in_pEvent->reason() == Qt::BacktabFocusReason;
     if (bByTab && !Current())
     {
         MoveCurrent(in_pEvent->reason() == Qt::TabFocusReason ? -1 : 1);
     }
-    update();
+    UpdateCurrent();
 }
 
-void CPropertyArea::focusOutEvent(QFocusEvent* in_pEvent)
+void CPropertyArea::focusOutEvent(QFocusEvent*)
 {
-    CQTInspectorView::focusOutEvent(in_pEvent);
-    update();
+    UpdateCurrent();
 }
 
 /// The value as text, as a typed edit would read it.

@@ -114,7 +114,7 @@ void CPropertyArea::PaintCurrent(QPainter& in_painter, const sPropertyItem& in_i
     const QRect label = bRightToLeft ? QRect(QPoint(value.right() + 2, row.top()), row.bottomRight())
                                      : QRect(row.topLeft(), QPoint(value.left() - 2, row.bottom()));
     in_painter.fillRect(label,
-                        palette().color(hasFocus() ? QPalette::Active : QPalette::Inactive, QPalette::Highlight));
+                        palette().color(IsActive() ? QPalette::Active : QPalette::Inactive, QPalette::Highlight));
     if (hasFocus())
     {
         QStyleOptionFocusRect option;
@@ -126,11 +126,20 @@ void CPropertyArea::PaintCurrent(QPainter& in_painter, const sPropertyItem& in_i
     }
 }
 
+void CPropertyArea::UpdateCurrent()
+{
+    const tItemPtr pItem = Current();
+    if (pItem && pItem->height > 0 && !m_bLayoutDue)
+    {
+        update(RowRect(*pItem));
+    }
+}
+
 void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_item)
 {
     const QRect row = RowRect(in_item);
     const bool bCurrent = m_current.lock().get() == &in_item;
-    const QPalette::ColorGroup eColours = hasFocus() ? QPalette::Active : QPalette::Inactive;
+    const QPalette::ColorGroup eColours = IsActive() ? QPalette::Active : QPalette::Inactive;
     in_painter.fillRect(row, palette().color(eColours, bCurrent ? QPalette::Highlight : QPalette::Button));
     const QRect title = LabelRect(in_item);
     QStyleOption arrow;
@@ -232,7 +241,7 @@ void CPropertyArea::PaintCommand(QPainter& in_painter, const sPropertyItem& in_i
 QColor CPropertyArea::TextColour(QPalette::ColorRole in_eRole) const
 {
     const QPalette::ColorGroup eColours =
-        hasFocus() || in_eRole != QPalette::HighlightedText ? QPalette::Active : QPalette::Inactive;
+        IsActive() || in_eRole != QPalette::HighlightedText ? QPalette::Active : QPalette::Inactive;
     return palette().color(isEnabled() ? eColours : QPalette::Disabled, in_eRole);
 }
 

@@ -79,7 +79,7 @@ const CPropertyType& OwnTypeOf(int in_iType)
             return *pType;
         }
     }
-    return IsLink(in_iType) ? LinkType() : UnknownType();
+    return in_iType == QMetaType::QSizePolicy ? SizePolicyType() : IsLink(in_iType) ? LinkType() : UnknownType();
 }
 
 const CPropertyType& OwnTypeOf(const CProperty& in_property)

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <limits>
 
 CTextEditor::CTextEditor(const CPropertyType& in_type, const sPropertyFormat& in_format, QWidget* in_pParent)
     : QLineEdit(in_pParent),
@@ -14,6 +15,7 @@ CTextEditor::CTextEditor(const CPropertyType& in_type, const sPropertyFormat& in
       m_format(in_format)
 {
     setFrame(false);
+    setMaxLength(std::numeric_limits<int>::max()); // a text is not cut because it is edited
 }
 
 QVariant CTextEditor::Value() const
@@ -26,10 +28,13 @@ void CTextEditor::SetValue(const QVariant& in_value)
 {
     const QString strText = m_type.Text(m_format, in_value);
     const bool bChanged = !m_value.isValid() || strText != m_type.Text(m_format, m_value);
+    if (!bChanged && m_type.Text(m_format, Value()) == strText)
+    {
+        return; // what is half typed stays
+    }
     m_value = in_value;
     m_strShown = strText;
     setText(strText);
-    m_strShown = text();
     if (bChanged)
     {
         Q_EMIT ValueChanged(m_value);
@@ -96,5 +101,13 @@ CKeySequenceEditor::CKeySequenceEditor(QWidget* in_pParent) : QKeySequenceEdit(i
     {
         pLine->setFrame(false);
         pLine->setClearButtonEnabled(true);
+    }
+}
+
+void CKeySequenceEditor::SetValue(const QVariant& in_value)
+{
+    if (in_value != Value())
+    {
+        setKeySequence(in_value.value<QKeySequence>()); // else it would end a recording
     }
 }

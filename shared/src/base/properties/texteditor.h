@@ -84,7 +84,7 @@ public:
     explicit CKeySequenceEditor(QWidget* in_pParent);
 
     QVariant Value() const { return QVariant::fromValue(keySequence()); }
-    void SetValue(const QVariant& in_value) { setKeySequence(in_value.value<QKeySequence>()); }
+    void SetValue(const QVariant& in_value);
 };
 
 #endif

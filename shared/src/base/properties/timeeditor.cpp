@@ -59,6 +59,10 @@ QVariant CTimeEditor::Value() const
 
 void CTimeEditor::SetValue(const QVariant& in_value)
 {
+    if (m_value.isValid() && in_value == Value())
+    {
+        return; // what is half typed stays
+    }
     m_value = in_value;
     const QDateTime wall = OnWall(in_value);
     setDateTime(wall.isValid() ? wall : QDateTime(QDate::currentDate(), QTime(0, 0), Qt::UTC));

@@ -16,7 +16,10 @@ const CPropertyType* LookTypeOf(int in_iType); ///< colours, fonts, pictures
 /// Kinds that the format of a property asks for.
 const CPropertyType& ChoiceType();
 const CPropertyType& KeysType(bool in_bFlags);
+const CPropertyType& EnumType(const QMetaEnum& in_keys); ///< of keys that no format tells
 const CPropertyType& EditedTextType(sPropertyFormat::eEditor in_eEditor);
+
+const CPropertyType& SizePolicyType();
 
 /// Other objects, and what nobody knows.
 const CPropertyType& LinkType();
