@@ -43,6 +43,9 @@ const sCase g_cases[] = {
     {"mouse move", 4, &CStage::CanAlways, &CStage::Nothing, &CStage::MoveMouse},
     {"open line", 2, &CStage::CanOpenLine, &CStage::EndEditing, &CStage::PressLine},
     {"open list", 2, &CStage::CanOpenList, &CStage::EndEditing, &CStage::PressList},
+    {"filter", 2, &CStage::CanFilter, &CStage::BeginFilter, &CStage::NarrowFilter},
+    {"begin filter", 2, &CStage::CanFilter, &CStage::EndFilter, &CStage::BeginFilter},
+    {"end filter", 1, &CStage::CanFilter, &CStage::BeginFilter, &CStage::EndFilter},
     {"switch", 1, &CStage::CanAlways, &CStage::EndEditing, &CStage::Replace},
     {"destroy", 1, &CStage::CanAlways, &CStage::Nothing, &CStage::Clear},
 };

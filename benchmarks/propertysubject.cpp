@@ -50,6 +50,8 @@ public:
 
     void Update(int in_iRow) override { m_rows[static_cast<std::size_t>(in_iRow)].Refresh(); }
     void UpdateAll() override { m_view.Page().Refresh(); }
+    bool CanFilter() override { return true; }
+    void Filter(const QString& in_strWord) override { m_view.SetFilter(in_strWord); }
     QScrollBar* ScrollBar() override { return m_view.findChild<QScrollBar*>(); }
 
     QRect Control(int in_iRow) override

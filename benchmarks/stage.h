@@ -36,6 +36,12 @@ public:
     /// Ends whatever is being edited.
     void EndEditing();
 
+    /// The first letter of a word in every tenth row, then the next: typing goes on in a page whose values are known.
+    bool CanFilter() { return m_pSubject->CanFilter(); }
+    void EndFilter() { m_pSubject->Filter(QString()); }
+    void BeginFilter() { m_pSubject->Filter(QStringLiteral("9")); }
+    void NarrowFilter() { m_pSubject->Filter(QStringLiteral("9 v")); }
+
     /// Handles events until none is left.
     static void Settle();
 

@@ -30,6 +30,10 @@ public:
     virtual void Update(int in_iRow) = 0;
     virtual void UpdateAll();
 
+    /// Shows the rows with a word alone; an empty one: all.
+    virtual bool CanFilter() { return false; }
+    virtual void Filter(const QString&) {}
+
     virtual QScrollBar* ScrollBar() = 0;
 
     /// Where the control of a row that is in sight lies, in the window's coordinates; null for none.

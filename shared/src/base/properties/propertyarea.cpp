@@ -93,7 +93,8 @@ void CPropertyArea::changeEvent(QEvent* in_pEvent)
         in_pEvent->type() == QEvent::PaletteChange)
     {
         Measure();
-        PageChanged();
+        m_bLabelsDue = true;
+        LayOutSoon();
         updateGeometry();
     }
 }
@@ -110,10 +111,16 @@ void CPropertyArea::PageAboutToChange()
     TakeOver();
 }
 
-/// Rows are placed once, however many came and went since.
 void CPropertyArea::PageChanged()
 {
     m_bLabelsDue = true;
+    m_filter.IsOn() ? m_filter.Forget() : void();
+    LayOutSoon();
+}
+
+/// Rows are placed once, however many came and went since.
+void CPropertyArea::LayOutSoon()
+{
     if (!m_bLayoutDue)
     {
         m_bLayoutDue = true;
@@ -166,6 +173,7 @@ int CPropertyArea::HeightOf(const sPropertyItem& in_item) const
 void CPropertyArea::RecomputeLayout()
 {
     m_bLayoutDue = false;
+    m_filter.IsApplied() ? void() : m_filter.Apply(m_page.Items());
     m_shown.clear();
     m_widgets.clear();
     int iY = 0;
@@ -174,7 +182,7 @@ void CPropertyArea::RecomputeLayout()
         const bool bOpen = !pItem->parent || pItem->parent->open;
         pItem->top = iY;
         pItem->height = bOpen && !pItem->filtered ? HeightOf(*pItem) : 0;
-        pItem->open = bOpen && pItem->expanded;
+        pItem->open = bOpen && pItem->IsExpanded();
         iY += pItem->height;
         if (pItem->height > 0)
         {
@@ -405,10 +413,13 @@ void CPropertyArea::ScrollTo(const sPropertyItem& in_item)
 
 void CPropertyArea::SetExpanded(sPropertyItem& in_item, bool in_bExpand)
 {
-    if (in_item.kind == sPropertyItem::eGroup && in_item.expanded != in_bExpand)
+    if (in_item.kind == sPropertyItem::eGroup && in_item.IsExpanded() != in_bExpand)
     {
+        const QPointer<CPropertyArea> self(this);
+        const tItemPtr pItem = in_item.shared_from_this();
         TakeOver();
-        in_item.expanded = in_bExpand;
-        PageChanged();
+        pItem->expanded = in_bExpand;
+        pItem->revealed = false;
+        self ? LayOutSoon() : void();
     }
 }

@@ -4,6 +4,7 @@
 /// Where the rows of a page are placed, painted and worked with mouse and keyboard. Private to the library.
 /// \file
 
+#include "propertyfilter.h"
 #include "propertyitem.h"
 #include "propertypage.h"
 #include "qtinspectorview.h"
@@ -53,6 +54,9 @@ public:
     /// The rows that are shown, from the top.
     const tItems& Shown();
 
+    /// Takes the focus; the current row is the first one shown, unless the one that it is is shown.
+    void Reenter();
+
     /// Opens the editor of the current row's value, or of its current part.
     /// \return the editor, null when it has none or is not to be edited
     QWidget* EditCurrent();
@@ -74,6 +78,11 @@ public:
     bool EditNext(bool in_bForward);
 
     void SetExpanded(sPropertyItem& in_item, bool in_bExpand);
+
+    /// Leaves out the rows in which not every word is found, and those that are not modified.
+    void SetFilter(const QString& in_strText, bool in_bOnlyModified = false);
+    const CPropertyFilter& Filter() const { return m_filter; }
+
     void ScrollTo(const sPropertyItem& in_item);
 
     /// Whether the keyboard works this page.
@@ -139,6 +148,7 @@ private:
 
     // Layout: propertyarea.cpp.
     void Measure();
+    void LayOutSoon();
     void EnsureLayout();
     void PlaceWidgets();
     void AdoptWidget(sPropertyItem& in_item);
@@ -150,6 +160,10 @@ private:
     tItems::const_iterator FirstBelow(int in_iY);
     QRect LabelRect(const sPropertyItem& in_item) const;
     QRect Mirrored(const QRect& in_rect) const;
+
+    // Filter: propertyfilter.cpp.
+    void ReadForFilter();
+    void PlaceFiltered();
 
     // Painting: propertypainting.cpp.
     void Load(sPropertyItem& io_item);
@@ -167,6 +181,7 @@ private:
     QString PartText(const sPropertyItem& in_item, int in_iPart) const;
     QColor TextColour(QPalette::ColorRole in_eRole) const;
     QColor MutedColour() const;
+    QColor MarkColour(const QColor& in_text) const;
     bool IsCut(const sHit& in_hit) const;
 
     // Mouse and keyboard: propertyinput.cpp.
@@ -188,6 +203,9 @@ private:
     std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
     std::unique_ptr<CPropertyEdit> m_pEdit;         ///< what is being edited; null for nothing
     std::unique_ptr<CItemEditors> m_pItemEditors;
+    CPropertyFilter m_filter;
+    std::weak_ptr<sPropertyItem> m_beforeFilter; ///< the current row when the filter began
+    int m_iOffsetBeforeFilter = 0;
     tItems m_shown;                            ///< from the top
     tItems m_widgets;                          ///< the rows that are widgets
     const sPropertyItem* m_pPressed = nullptr; ///< the command that the mouse holds down

@@ -37,8 +37,8 @@ QWidget* CPropertyArea::EditCurrent()
     const QPointer<CPropertyArea> self(this);
     TakeOver();
     const tItemPtr pItem = self ? Current() : nullptr;
-    if (!pItem || pItem->kind != sPropertyItem::eProperty || !isEnabled() || !Editable(*pItem) || !self ||
-        pItem != Current() || pItem->type->Work() == CPropertyType::eToggle)
+    if (!pItem || IndexOf(pItem.get()) < 0 || pItem->kind != sPropertyItem::eProperty || !isEnabled() ||
+        !Editable(*pItem) || !self || pItem != Current() || pItem->type->Work() == CPropertyType::eToggle)
     {
         return nullptr;
     }
@@ -122,7 +122,7 @@ void CPropertyArea::Work(const tItemPtr& in_pItem)
     const QPointer<CPropertyArea> self(this);
     if (in_pItem->kind == sPropertyItem::eGroup)
     {
-        SetExpanded(*in_pItem, !in_pItem->expanded);
+        SetExpanded(*in_pItem, !in_pItem->IsExpanded());
         return;
     }
     if (in_pItem->kind == sPropertyItem::eCommand)
@@ -289,7 +289,9 @@ bool CPropertyArea::event(QEvent* in_pEvent)
     }
     if (in_pEvent->type() == QEvent::LayoutRequest)
     {
-        EnsureLayout();
+        const QPointer<CPropertyArea> self(this);
+        ReadForFilter();
+        self ? EnsureLayout() : void();
         return true;
     }
     return CQTInspectorView::event(in_pEvent);
@@ -365,7 +367,7 @@ bool CPropertyArea::SideStep(bool in_bForward)
         return true;
     }
     const int iPart = m_iPart + (in_bForward ? 1 : -1);
-    if (pItem->kind == sPropertyItem::eGroup && pItem->expanded != in_bForward)
+    if (pItem->kind == sPropertyItem::eGroup && pItem->IsExpanded() != in_bForward)
     {
         SetExpanded(*pItem, in_bForward);
     }
@@ -384,7 +386,7 @@ bool CPropertyArea::SideStep(bool in_bForward)
 bool CPropertyArea::WorkKey(const QKeyEvent& in_event)
 {
     const tItemPtr pItem = Current();
-    if (!pItem)
+    if (IndexOf(pItem.get()) < 0) // none, or folded away or left out by the filter
     {
         return false;
     }

@@ -32,6 +32,9 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     /// Whether the user can do something with it beyond making it the current one.
     bool IsWorked() const { return kind == eCommand || (kind == eProperty && !property->IsReadOnly()); }
 
+    /// Whether what a group holds is shown when the group is.
+    bool IsExpanded() const { return expanded || revealed; }
+
     const QString& Label() const { return property ? property->Label() : label; }
     const QString& Tip() const { return property ? property->Format().tip : tip; }
 
@@ -60,6 +63,7 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     bool expanded = true;  ///< what a group holds is not folded away
     bool open = true;      ///< neither is the group itself
     bool filtered = false; ///< left out by the filter
+    bool revealed = false; ///< unfolded by the filter for what it found within
 };
 
 typedef std::shared_ptr<sPropertyItem> tItemPtr;

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTextLayout>
 
 namespace
 {
@@ -55,6 +56,7 @@ void CPropertyArea::paintEvent(QPaintEvent* in_pEvent)
 {
     const QRect exposed = in_pEvent->rect();
     OnPreDraw();
+    ReadForFilter();
     LoadInSight(exposed);
     EnsureLayout();
     QPainter painter(this);
@@ -151,7 +153,7 @@ void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_ite
                            TextColour(bCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
     const QStyle::PrimitiveElement eFolded =
         bRightToLeft ? QStyle::PE_IndicatorArrowLeft : QStyle::PE_IndicatorArrowRight;
-    style()->drawPrimitive(in_item.expanded ? QStyle::PE_IndicatorArrowDown : eFolded, &arrow, &in_painter, this);
+    style()->drawPrimitive(in_item.IsExpanded() ? QStyle::PE_IndicatorArrowDown : eFolded, &arrow, &in_painter, this);
     const int iArrow = m_iIndent + g_iPadding;
     QFont bold = font();
     bold.setBold(true);
@@ -254,7 +256,8 @@ QColor CPropertyArea::MutedColour() const
     return QColor(mix(text.red(), base.red()), mix(text.green(), base.green()), mix(text.blue(), base.blue()));
 }
 
-/// One line, cut with an ellipsis where it does not fit. Short texts are not measured.
+/// One line, cut with an ellipsis where it does not fit, in which what the filter looks for is marked. Short texts are
+/// not measured.
 void CPropertyArea::PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText,
                               const QColor& in_colour)
 {
@@ -267,7 +270,35 @@ void CPropertyArea::PaintText(QPainter& in_painter, const QRect& in_rect, const 
     const QString strShown = bShort ? in_strText : metrics.elidedText(in_strText, Qt::ElideRight, in_rect.width());
     in_painter.setPen(in_colour);
     const int iAlignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
-    in_painter.drawText(in_rect, iAlignment | Qt::TextSingleLine, strShown);
+    const std::vector<std::pair<int, int>> marks = m_filter.Marks(strShown);
+    if (marks.empty())
+    {
+        in_painter.drawText(in_rect, iAlignment | Qt::TextSingleLine, strShown);
+        return;
+    }
+    QTextLayout layout(strShown, in_painter.font());
+    layout.setTextOption(QTextOption(Qt::Alignment(iAlignment) | Qt::AlignAbsolute));
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(in_rect.width());
+    layout.endLayout();
+    const QPointF origin(in_rect.left(), in_rect.top() + (in_rect.height() - line.height()) / 2);
+    for (const auto& mark : marks)
+    {
+        const qreal begin = line.cursorToX(mark.first);
+        const QRectF place(begin, 0, line.cursorToX(mark.second) - begin, line.height());
+        in_painter.fillRect(place.normalized().translated(origin), MarkColour(in_colour));
+    }
+    layout.draw(&in_painter, origin);
+}
+
+/// Behind what the filter found, in a text of the colour given.
+QColor CPropertyArea::MarkColour(const QColor& in_text) const
+{
+    QColor mark = palette().color(QPalette::Highlight);
+    mark = in_text == TextColour(QPalette::HighlightedText) ? in_text : mark;
+    mark.setAlpha(100);
+    return mark;
 }
 
 bool CPropertyArea::IsCut(const sHit& in_hit) const

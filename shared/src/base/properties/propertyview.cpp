@@ -2,18 +2,29 @@
 
 #include "propertyarea.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 CPropertyView::CPropertyView(QWidget* in_pParent)
     : QWidget(in_pParent),
       m_pPage(new CPropertyPage(this)),
-      m_pArea(new CPropertyArea(*m_pPage))
+      m_pArea(new CPropertyArea(*m_pPage)),
+      m_pFilterLine(new QLineEdit)
 {
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(0);
+    m_pFilterLine->hide();
+    m_pFilterLine->setClearButtonEnabled(true);
+    m_pFilterLine->setPlaceholderText(tr("Filter"));
+    m_pFilterLine->setAccessibleName(tr("Filter"));
+    pLayout->addWidget(m_pFilterLine);
     pLayout->addWidget(m_pArea);
     setFocusProxy(m_pArea);
+    // From the event loop: what reading the values does then never meets the line's own code half way.
+    connect(
+        m_pFilterLine, &QLineEdit::textChanged, this, [this] { ApplyFilter(); }, Qt::QueuedConnection);
     connect(m_pArea, &CPropertyArea::CurrentChanged, this, &CPropertyView::CurrentRowChanged);
     connect(m_pArea, &CPropertyArea::LinkActivated, this, &CPropertyView::LinkActivated);
 }
@@ -63,6 +74,87 @@ void CPropertyView::SetItemEditorFactory(const QItemEditorFactory* in_pFactory)
 void CPropertyView::TakeOver()
 {
     m_pArea->TakeOver();
+}
+
+void CPropertyView::SetFilter(const QString& in_strWords)
+{
+    m_pFilterLine->setText(in_strWords);
+    ApplyFilter();
+}
+
+void CPropertyView::ApplyFilter()
+{
+    m_pArea->SetFilter(m_pFilterLine->text());
+}
+
+QString CPropertyView::Filter() const
+{
+    return m_pFilterLine->text();
+}
+
+void CPropertyView::SetFilterVisible(bool in_bVisible)
+{
+    in_bVisible ? m_pFilterLine->show() : LeaveFilter();
+}
+
+bool CPropertyView::IsFilterVisible() const
+{
+    return !m_pFilterLine->isHidden();
+}
+
+void CPropertyView::EnterFilter()
+{
+    m_pFilterLine->show();
+    m_pFilterLine->setFocus(Qt::ShortcutFocusReason);
+    m_pFilterLine->selectAll();
+}
+
+/// What the rows' return calls may destroy the view.
+void CPropertyView::LeaveFilter()
+{
+    const QPointer<CPropertyView> self(this);
+    if (m_pFilterLine->hasFocus())
+    {
+        m_pArea->setFocus(Qt::OtherFocusReason);
+    }
+    self ? m_pFilterLine->hide() : void();
+    self ? SetFilter(QString()) : void();
+}
+
+/// The filter's key is the view's own while the focus is in it, whatever the application uses it for.
+bool CPropertyView::event(QEvent* in_pEvent)
+{
+    if (in_pEvent->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(in_pEvent)->matches(QKeySequence::Find))
+    {
+        in_pEvent->accept();
+        return true;
+    }
+    return QWidget::event(in_pEvent);
+}
+
+/// What neither the page nor the filter's line has a use for.
+void CPropertyView::keyPressEvent(QKeyEvent* in_pEvent)
+{
+    const bool bInLine = m_pFilterLine->hasFocus();
+    if (in_pEvent->matches(QKeySequence::Find))
+    {
+        EnterFilter();
+    }
+    else if (in_pEvent->key() == Qt::Key_Escape && IsFilterVisible())
+    {
+        LeaveFilter();
+    }
+    else if (bInLine && (in_pEvent->key() == Qt::Key_Down || in_pEvent->key() == Qt::Key_Return))
+    {
+        const QPointer<CPropertyView> self(this);
+        ApplyFilter();
+        self ? m_pArea->Reenter() : void();
+    }
+    else
+    {
+        QWidget::keyPressEvent(in_pEvent);
+    }
 }
 
 int CPropertyView::LabelColumn() const

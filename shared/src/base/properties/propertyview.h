@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class CPropertyArea;
+class QLineEdit;
 class QItemEditorFactory;
 
 /// A widget that shows the properties of objects, or whatever else its page is filled with, and lets the user edit
@@ -44,6 +45,17 @@ public:
     /// Takes over what is being typed, for instance before the application saves.
     void TakeOver();
 
+    /// Leaves those rows in which every word is found: in the label, the value, the tip or the titles above, wherever
+    /// it stands and in whatever case. What is found is marked, and folded groups open for it. Values are compared as
+    /// they are when a filter begins or the page changes: a row does not go while its value is edited. Empty: all rows.
+    void SetFilter(const QString& in_strWords);
+    QString Filter() const;
+
+    /// The line above the page in which the user types the filter. Ctrl+F shows it; Escape empties and hides it, as
+    /// hiding it here does.
+    void SetFilterVisible(bool in_bVisible);
+    bool IsFilterVisible() const;
+
     /// The left edge of the values in pixels; -1: as wide as the labels need.
     int LabelColumn() const;
     void SetLabelColumn(int in_iWidth);
@@ -61,9 +73,18 @@ Q_SIGNALS:
     /// The user follows a property that is another object.
     void LinkActivated(QObject* in_pObject);
 
+protected:
+    bool event(QEvent* in_pEvent) override;
+    void keyPressEvent(QKeyEvent* in_pEvent) override;
+
 private:
+    void EnterFilter();
+    void LeaveFilter();
+    void ApplyFilter();
+
     CPropertyPage* m_pPage;
     CPropertyArea* m_pArea;
+    QLineEdit* m_pFilterLine;
 };
 
 #endif

@@ -1,0 +1,253 @@
+#include "propertyfilter.h"
+
+#include "propertyarea.h"
+#include "propertyedit.h"
+
+#include <QRegularExpression>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace
+{
+const int g_iMostWords = 63; ///< as many as a number has bits, less one
+const QChar g_end(QLatin1Char('\n'));
+
+/// Of the same length as the text, unlike QString::toCaseFolded: places in the one are places in the other.
+QChar Folded(QChar in_char)
+{
+    if (in_char.unicode() < 0x80)
+    {
+        return in_char >= QLatin1Char('A') && in_char <= QLatin1Char('Z') ? QChar(in_char.unicode() | 0x20) : in_char;
+    }
+    return in_char.toCaseFolded();
+}
+
+bool IsModified(const sPropertyItem&)
+{
+    return true;
+}
+} // namespace
+
+bool CPropertyFilter::SetText(const QString& in_strText)
+{
+    static const QRegularExpression space(QStringLiteral("\\s+"));
+    QStringList words;
+    for (const QString& strWord : in_strText.split(space).mid(0, g_iMostWords))
+    {
+        QString strFolded = strWord;
+        std::transform(strFolded.begin(), strFolded.end(), strFolded.begin(), &Folded);
+        strFolded.isEmpty() || words.contains(strFolded) ? words : words << strFolded;
+    }
+    m_strText = in_strText;
+    if (words == m_words)
+    {
+        return false;
+    }
+    m_words = words;
+    IsOn() ? void(m_bApplied = false) : Forget();
+    return true;
+}
+
+bool CPropertyFilter::SetOnlyModified(bool in_bOnlyModified)
+{
+    if (in_bOnlyModified == m_bOnlyModified)
+    {
+        return false;
+    }
+    m_bOnlyModified = in_bOnlyModified;
+    IsOn() ? void(m_bApplied = false) : Forget();
+    return true;
+}
+
+void CPropertyFilter::Forget()
+{
+    m_bRead = false;
+    m_bApplied = false;
+    m_strAll.clear();
+    m_ends.clear();
+    m_parents.clear();
+}
+
+void CPropertyFilter::SetRead()
+{
+    Forget();
+    m_bRead = true;
+}
+
+void CPropertyFilter::Append(const QString& in_strText)
+{
+    const int iBegin = static_cast<int>(m_strAll.size());
+    m_strAll.resize(iBegin + in_strText.size() + 1);
+    std::transform(in_strText.begin(), in_strText.end(), m_strAll.begin() + iBegin, &Folded);
+    m_strAll.back() = g_end;
+}
+
+void CPropertyFilter::Gather(const tItems& in_items)
+{
+    m_strAll.reserve(static_cast<int>(in_items.size()) * 32);
+    std::vector<std::pair<const sPropertyItem*, int>> groups; // those that the row stands in
+    for (const tItemPtr& pItem : in_items)
+    {
+        while (!groups.empty() && groups.back().first != pItem->parent)
+        {
+            groups.pop_back();
+        }
+        m_parents.push_back(groups.empty() ? -1 : groups.back().second);
+        if (pItem->kind == sPropertyItem::eGroup)
+        {
+            groups.emplace_back(pItem.get(), static_cast<int>(m_ends.size()));
+        }
+        Append(pItem->Label());
+        Append(pItem->mixed ? QString() : pItem->text);
+        pItem->Tip().isEmpty() ? void() : Append(pItem->Tip());
+        m_ends.push_back(static_cast<int>(m_strAll.size()));
+    }
+}
+
+/// Looks for the first letter, which Qt does many letters at a time. Once found, a word need not be found in that row
+/// again.
+void CPropertyFilter::Find(const QString& in_strWord, quint64 in_ulBit, std::vector<quint64>& io_found) const
+{
+    const QChar first = in_strWord.at(0);
+    const QStringView all(m_strAll);
+    auto itEnd = m_ends.begin();
+    int iPlace = static_cast<int>(m_strAll.indexOf(first));
+    while (iPlace >= 0)
+    {
+        while (*itEnd <= iPlace)
+        {
+            ++itEnd;
+        }
+        const bool bFound = in_strWord.size() == 1 || all.mid(iPlace).startsWith(in_strWord);
+        io_found[static_cast<std::size_t>(itEnd - m_ends.begin())] |= bFound ? in_ulBit : 0;
+        iPlace = static_cast<int>(m_strAll.indexOf(first, bFound ? *itEnd : iPlace + 1));
+    }
+}
+
+void CPropertyFilter::Apply(const tItems& in_items)
+{
+    m_bApplied = true;
+    if (IsOn() && m_ends.empty())
+    {
+        Gather(in_items);
+    }
+    std::vector<quint64> found(in_items.size(), 0);
+    quint64 ulAll = 0;
+    for (const QString& strWord : m_words)
+    {
+        const quint64 ulBit = ulAll + 1;
+        Find(strWord, ulBit, found);
+        ulAll |= ulBit;
+    }
+    for (std::size_t u = 0; u < found.size(); ++u)
+    {
+        sPropertyItem& item = *in_items[u];
+        found[u] |= IsOn() && m_parents[u] >= 0 ? found[static_cast<std::size_t>(m_parents[u])] : 0;
+        item.filtered = found[u] != ulAll || (m_bOnlyModified && !IsModified(item));
+        item.revealed = false;
+    }
+    for (std::size_t u = IsOn() ? found.size() : 0; u-- > 0;)
+    {
+        if (!in_items[u]->filtered && in_items[u]->parent)
+        {
+            in_items[u]->parent->filtered = false;
+            in_items[u]->parent->revealed = true;
+        }
+    }
+}
+
+std::vector<std::pair<int, int>> CPropertyFilter::Marks(const QString& in_strText) const
+{
+    std::vector<std::pair<int, int>> marks;
+    for (const QString& strWord : m_words)
+    {
+        int iPlace = static_cast<int>(in_strText.indexOf(strWord, 0, Qt::CaseInsensitive));
+        while (iPlace >= 0)
+        {
+            const int iEnd = iPlace + static_cast<int>(strWord.size());
+            marks.emplace_back(iPlace, iEnd);
+            iPlace = static_cast<int>(in_strText.indexOf(strWord, iEnd, Qt::CaseInsensitive));
+        }
+    }
+    return marks;
+}
+
+void CPropertyArea::SetFilter(const QString& in_strText, bool in_bOnlyModified)
+{
+    const QPointer<CPropertyArea> self(this);
+    if (!m_filter.IsOn())
+    {
+        m_beforeFilter = m_current;
+        m_iOffsetBeforeFilter = m_iOffsetY;
+    }
+    const bool bOtherText = m_filter.SetText(in_strText);
+    if (m_filter.SetOnlyModified(in_bOnlyModified) || bOtherText)
+    {
+        ReadForFilter();
+        self ? PlaceFiltered() : void();
+    }
+}
+
+/// A filter finds values too, so that each must be known once. Whatever reading does to the rows, they are then read
+/// again.
+void CPropertyArea::ReadForFilter()
+{
+    if (!m_filter.IsOn() || m_filter.IsRead())
+    {
+        return;
+    }
+    const QPointer<CPropertyArea> self(this);
+    m_filter.SetRead();
+    const tItems items = m_page.Items();
+    for (std::size_t u = 0; u < items.size() && self; ++u)
+    {
+        Load(*items[u]);
+    }
+    if (self)
+    {
+        m_bLayoutDue = true;
+    }
+}
+
+void CPropertyArea::Reenter()
+{
+    const QPointer<CPropertyArea> self(this);
+    setFocus(Qt::OtherFocusReason);
+    if (self && IndexOf(Current().get()) < 0)
+    {
+        MoveCurrent(1);
+    }
+}
+
+/// Lays out for another filter. Of what was in sight, what stays keeps its place, the current row before others; when
+/// the filter ends, all is as before it.
+void CPropertyArea::PlaceFiltered()
+{
+    const QPointer<CPropertyArea> self(this);
+    std::vector<std::pair<tItemPtr, int>> places;
+    for (auto it = FirstBelow(m_iOffsetY); it != m_shown.end() && (*it)->top < m_iOffsetY + height(); ++it)
+    {
+        places.insert(*it == Current() ? places.begin() : places.end(), {*it, (*it)->top - m_iOffsetY});
+    }
+    m_filter.Apply(m_page.Items());
+    if (m_pEdit && m_pEdit->Item()->filtered)
+    {
+        TakeOver();
+    }
+    self ? RecomputeLayout() : void();
+    if (!self)
+    {
+        return;
+    }
+    const auto kept =
+        std::find_if(places.begin(), places.end(), [](const auto& in_p) { return in_p.first->height > 0; });
+    if (!m_filter.IsOn() && m_beforeFilter.lock() == Current())
+    {
+        m_pScrollBar->setValue(m_iOffsetBeforeFilter);
+    }
+    else if (kept != places.end())
+    {
+        m_pScrollBar->setValue(kept->first->top - kept->second);
+    }
+}

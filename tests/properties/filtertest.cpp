@@ -1,0 +1,199 @@
+#undef QT_NO_CAST_FROM_ASCII // tables of texts: all UTF-8, to Qt 5 and 6
+#include "propertyview.h"
+#include "testsupport.h"
+
+namespace
+{
+/// A page of two groups in a window.
+struct sPage
+{
+    sPage()
+    {
+        CPropertyGroup lamp = view.Page().AddGroup(QStringLiteral("Lamp"));
+        rows << lamp.Add(QStringLiteral("Name"), strName).Tip(QStringLiteral("as on the plan"));
+        rows << lamp.Add(QStringLiteral("Brightness"), iBrightness).Suffix(QStringLiteral(" %"));
+        CPropertyGroup door = view.Page().AddGroup(QStringLiteral("Door"));
+        rows << door.Add(QStringLiteral("ÖFFNUNG"), bOpen);
+        rows << door.AddCommand(QStringLiteral("Ring the bell"), [] {});
+        view.resize(300, 300);
+    }
+
+    bool IsShown(const CPropertyRow& in_row) { return !view.ValueRect(in_row).isEmpty(); }
+
+    QString Shown()
+    {
+        QString strShown;
+        for (int i = 0; i < 4; ++i)
+        {
+            strShown += IsShown(rows[i]) ? QStringLiteral("NBOR").mid(i, 1) : QString();
+        }
+        return strShown;
+    }
+
+    void Key(int in_iKey, Qt::KeyboardModifiers in_modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key(in_iKey), in_modifiers);
+    }
+
+    void Type(const char* in_strText) { QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(in_strText)); }
+
+    QString strName = QStringLiteral("Reading corner");
+    int iBrightness = 40;
+    bool bOpen = true;
+    CPropertyView view;
+    QVector<CPropertyRow> rows;
+};
+} // namespace
+
+class CFilterTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { TestSupport::FailOnWarnings(); }
+
+    void Words_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("none") << " "
+                              << "NBOR";
+        QTest::newRow("label") << "RIGHT"
+                               << "B";
+        QTest::newRow("value") << "corner"
+                               << "N";
+        QTest::newRow("value with its unit") << "40 %"
+                                             << "B";
+        QTest::newRow("tip") << "plan"
+                             << "N";
+        QTest::newRow("title") << "door"
+                               << "OR";
+        QTest::newRow("words in different places") << "ring door"
+                                                   << "R";
+        QTest::newRow("not only ASCII") << "öff"
+                                        << "O";
+        QTest::newRow("not across places") << "namereading"
+                                           << "";
+        QTest::newRow("one of two") << "lamp bell"
+                                    << "";
+        QTest::newRow("a letter before the word") << "lllll"
+                                                  << "";
+    }
+
+    void Words()
+    {
+        QFETCH(QString, words);
+        sPage page;
+        page.view.SetFilter(words);
+        QTEST(page.Shown(), "shown");
+        page.view.SetFilter(QString());
+        QCOMPARE(page.Shown(), QStringLiteral("NBOR"));
+    }
+
+    void TypedInTheLine()
+    {
+        sPage page;
+        QVERIFY(TestSupport::ShowWindow(&page.view));
+        page.view.SetCurrentRow(page.rows[1]);
+        page.view.setFocus();
+        page.Key(Qt::Key_F, Qt::ControlModifier);
+        page.Type("bri");
+        QVERIFY(TestSupport::WaitUntil([&page] { return page.Shown() == QLatin1String("B"); }));
+        page.Key(Qt::Key_Down);
+        page.Type("7");
+        page.Key(Qt::Key_Return);
+        QCOMPARE(page.iBrightness, 7);
+        page.Key(Qt::Key_Escape);
+        QVERIFY(!page.view.IsFilterVisible());
+        QCOMPARE(page.Shown(), QStringLiteral("NBOR"));
+        QCOMPARE(page.view.CurrentRow().Item(), page.rows[1].Item());
+    }
+
+    /// Neither the value that is edited nor the rows of a new page stay or go otherwise than the words tell.
+    void RowsComeAndGo()
+    {
+        sPage page;
+        page.view.SetFilter(QStringLiteral("corner"));
+        page.strName = QStringLiteral("Hall");
+        page.view.Page().Refresh();
+        page.view.SetFilter(QStringLiteral("corner read"));
+        QCOMPARE(page.Shown(), QStringLiteral("N")); // as when the filter began
+        CPropertyRow other =
+            page.view.Page().AddGroup(QString()).Add(QStringLiteral("Other"), [] { return QString("corner reader"); });
+        QVERIFY(TestSupport::ShowWindow(&page.view));
+        QVERIFY(TestSupport::WaitUntil([&] { return page.IsShown(other) && page.Shown().isEmpty(); }));
+    }
+
+    void FoldedGroupsOpen()
+    {
+        sPage page;
+        CPropertyGroup folded = page.view.Page().AddGroup(QStringLiteral("More"));
+        const CPropertyRow hidden = folded.Add(QStringLiteral("Hidden"), page.bOpen);
+        folded.Expand(false);
+        page.view.SetFilter(QStringLiteral("hid"));
+        QVERIFY(page.IsShown(hidden));
+        page.view.SetFilter(QString());
+        QVERIFY(!page.IsShown(hidden));
+    }
+
+    void KeepsEditAndPlace()
+    {
+        sPage page;
+        CPropertyGroup many = page.view.Page().AddGroup(QStringLiteral("Many"));
+        QVector<CPropertyRow> rows;
+        for (int i = 0; i < 100; ++i)
+        {
+            rows << many.Add(QStringLiteral("Row %1").arg(i), page.strName);
+        }
+        QVERIFY(TestSupport::ShowWindow(&page.view));
+        page.view.SetCurrentRow(rows[60]);
+        page.view.setFocus();
+        page.Key(Qt::Key_F2);
+        page.Type("typed");
+        const QPointer<QWidget> pEditor = QApplication::focusWidget();
+        const int iY = page.view.ValueRect(rows[60]).y();
+        page.view.SetFilter(QStringLiteral("row 6"));
+        QCOMPARE(QApplication::focusWidget(), pEditor.data());
+        QCOMPARE(page.strName, QStringLiteral("Reading corner"));
+        page.view.SetFilter(QStringLiteral("row 7"));
+        QCOMPARE(page.strName, QStringLiteral("typed"));
+        QCOMPARE(page.view.CurrentRow().Item(), rows[60].Item());
+        page.Type("x"); // nothing that is left out is edited
+        page.view.SetFilter(QString());
+        QCOMPARE(page.view.ValueRect(rows[60]).y(), iY);
+        page.view.TakeOver();
+        QCOMPARE(page.strName, QStringLiteral("typed"));
+    }
+
+    void MarksWhatIsFound()
+    {
+        sPage page;
+        page.view.SetFilter(QStringLiteral("am"));
+        const QImage marked = TestSupport::Painted(&page.view);
+        page.view.SetFilter(QStringLiteral("lan"));
+        QVERIFY(page.Shown() == QLatin1String("N") && marked != TestSupport::Painted(&page.view));
+    }
+
+    void ReadingMayDestroy()
+    {
+        const auto pPage = std::make_unique<sPage>();
+        auto* pView = new CPropertyView;
+        pView->Page().AddGroup(QString()).Add(QStringLiteral("clears"), [&pPage] {
+            pPage->view.Page().Clear();
+            return 1;
+        });
+        pView->Page().AddGroup(QString()).Add(QStringLiteral("deletes"), [pView] {
+            delete pView;
+            return 1;
+        });
+        pPage->view.Page().AddGroup(QString()).Add(QStringLiteral("filters"), [pView] {
+            pView->SetFilter(QStringLiteral("any"));
+            return 1;
+        });
+        pPage->view.SetFilter(QStringLiteral("any"));
+        QVERIFY(!pPage->rows[0]);
+    }
+};
+
+INSPECTOR_TEST_MAIN(CFilterTest)
+#include "filtertest.moc"
