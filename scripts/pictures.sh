@@ -25,7 +25,7 @@ make() {
     done
 }
 
-make 1 "" page list
-make 1 -dark page -- --dark
+make 1 "" properties page list
+make 1 -dark properties page -- --dark
 make 2 @2x preview
 make 2 -dark@2x preview -- --dark

@@ -1,6 +1,7 @@
 #include "mainwindow.h"
 
 #include "inspectorhost.h"
+#include "propertytab.h"
 #include "stage.h"
 
 #include <QAction>
@@ -8,13 +9,21 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
+#include <QTabWidget>
 
-CMainWindow::CMainWindow() : m_pStage(new CStage), m_pHost(new CInspectorHost), m_inspector(m_pHost->GetView())
+CMainWindow::CMainWindow()
+    : m_pStage(new CStage),
+      m_pHost(new CInspectorHost),
+      m_pTabs(new QTabWidget),
+      m_inspector(m_pHost->GetView())
 {
+    m_pTabs->addTab(m_pHost, QLatin1String("Rows"));
+    m_pTabs->setDocumentMode(true);
+
     setWindowTitle(QLatin1String("Live objects"));
     QSplitter* pSplitter = new QSplitter;
     pSplitter->addWidget(m_pStage);
-    pSplitter->addWidget(m_pHost);
+    pSplitter->addWidget(m_pTabs);
     pSplitter->setStretchFactor(1, 1);
     pSplitter->setSizes(QList<int>() << m_pStage->minimumWidth() << width());
     pSplitter->setChildrenCollapsible(false);
@@ -22,6 +31,10 @@ CMainWindow::CMainWindow() : m_pStage(new CStage), m_pHost(new CInspectorHost), 
     connect(m_pStage, SIGNAL(Selected(QObject*)), &m_inspector, SLOT(ShowObject(QObject*)));
     connect(&m_inspector, SIGNAL(PageRebuilt()), m_pHost, SLOT(LayOutNewPage()));
     CreateMenu();
+#ifdef WITH_PROPERTIES
+    m_pTabs->insertTab(0, new CPropertyTab(*m_pStage, *menuBar()), QLatin1String("Properties"));
+    m_pTabs->setCurrentIndex(0);
+#endif
     resize(780, 720);
 }
 

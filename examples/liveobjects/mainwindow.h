@@ -9,6 +9,7 @@ class CInspectorHost;
 class CStage;
 class QAction;
 class QMenu;
+class QTabWidget;
 
 /// The stage on the left, the inspector on the right.
 class CMainWindow : public QMainWindow
@@ -20,6 +21,7 @@ public:
 
     CStage* GetStage() const { return m_pStage; }
     CInspectorHost* GetHost() const { return m_pHost; }
+    QTabWidget* GetTabs() const { return m_pTabs; }
     CObjectInspector& GetInspector() { return m_inspector; }
 
 private slots:
@@ -35,6 +37,7 @@ private:
 
     CStage* m_pStage;
     CInspectorHost* m_pHost;
+    QTabWidget* m_pTabs;          ///< the ways to show the selected objects
     CObjectInspector m_inspector; ///< dies before the view in the host
 };
 

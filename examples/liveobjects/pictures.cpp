@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QStyle>
+#include <QTabWidget>
 
 #include <cstdio>
 
@@ -42,6 +43,7 @@ private:
     template <class Widget> void Select();
     void ScrollTo(const char* in_strRow);
     void PressRow(const char* in_strRow);
+    void SaveProperties();
     void Save(const char* in_strName, QWidget* in_pEditor = nullptr);
 
     CMainWindow m_window;
@@ -61,6 +63,7 @@ bool CPictures::Write(bool in_bDark)
 {
     Select<QSlider>();
     SetUpLook(in_bDark);
+    SaveProperties();
     Save("page");
     PressRow("value");
     CQTSimpleDataWidget::g_pInPlace->insert(QLatin1String("75"));
@@ -99,6 +102,18 @@ void CPictures::PressRow(const char* in_strRow)
     QMouseEvent press(QEvent::MouseButtonPress, centre, pRow->mapToGlobal(centre), Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
     QApplication::sendEvent(pRow, &press);
+}
+
+/// The property page is the first tab, where there is one; the other pictures show the last.
+void CPictures::SaveProperties()
+{
+    QTabWidget* pTabs = m_window.GetTabs();
+    if (pTabs->count() > 1)
+    {
+        pTabs->setCurrentIndex(0);
+        Save("properties");
+        pTabs->setCurrentIndex(1);
+    }
 }
 
 /// An editor is a window of its own: it is painted over the main window where it stands.

@@ -66,15 +66,48 @@ void CStage::Add(QWidget* in_pObject, const char* in_strName)
 
 void CStage::Select(QWidget* in_pObject)
 {
-    m_pSelected = in_pObject;
+    m_selected.clear();
+    if (in_pObject)
+    {
+        m_selected.append(in_pObject);
+    }
+    Announce();
+}
+
+void CStage::Toggle(QWidget* in_pObject)
+{
+    if (m_selected.removeAll(in_pObject) == 0)
+    {
+        m_selected.append(in_pObject);
+    }
+    Announce();
+}
+
+void CStage::Announce()
+{
     update();
-    emit Selected(in_pObject);
+    emit Selected(LastSelected());
+}
+
+QWidget* CStage::LastSelected() const
+{
+    return m_selected.isEmpty() ? nullptr : m_selected.last().data();
+}
+
+QList<QObject*> CStage::GetSelection() const
+{
+    QList<QObject*> alive;
+    foreach (const tObject& pObject, m_selected)
+    {
+        pObject ? alive.append(pObject.data()) : void();
+    }
+    return alive;
 }
 
 void CStage::SelectNext()
 {
     const int iCount = static_cast<int>(m_objects.size());
-    const int iSelected = m_pSelected ? static_cast<int>(m_objects.indexOf(m_pSelected)) : -1;
+    const int iSelected = LastSelected() ? static_cast<int>(m_objects.indexOf(LastSelected())) : -1;
     for (int i = 1; i <= iCount; ++i)
     {
         if (QWidget* pObject = m_objects.at((iSelected + i) % iCount))
@@ -115,7 +148,8 @@ bool CStage::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     case QEvent::MouseButtonPress:
         if (QWidget* pObject = ObjectAround(qobject_cast<QWidget*>(in_pWatched)))
         {
-            Select(pObject);
+            const bool bBeside = static_cast<QMouseEvent*>(in_pEvent)->modifiers() & Qt::ControlModifier;
+            bBeside ? Toggle(pObject) : Select(pObject);
         }
         break;
     case QEvent::Move:
@@ -123,7 +157,7 @@ bool CStage::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     case QEvent::Show:
     case QEvent::Hide:
     case QEvent::ChildRemoved:
-        if (in_pWatched == m_pSelected || in_pWatched == this)
+        if (in_pWatched->parent() == this || in_pWatched == this)
         {
             update();
         }
@@ -145,10 +179,13 @@ void CStage::mousePressEvent(QMouseEvent* in_pEvent)
 
 void CStage::paintEvent(QPaintEvent*)
 {
-    if (m_pSelected && m_pSelected->isVisible())
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    foreach (const tObject& pObject, m_selected)
     {
-        QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRect(m_pSelected->geometry().adjusted(-g_iFrame, -g_iFrame, g_iFrame, g_iFrame));
+        if (pObject && pObject->isVisible())
+        {
+            painter.drawRect(pObject->geometry().adjusted(-g_iFrame, -g_iFrame, g_iFrame, g_iFrame));
+        }
     }
 }

@@ -5,7 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
-/// A few widgets to inspect. Pressing one selects it and works it as well; pressing beside them selects nothing.
+/// A few widgets to inspect. Pressing one selects it and works it as well, with Ctrl beside those selected before;
+/// pressing beside them selects nothing.
 class CStage : public QWidget
 {
     Q_OBJECT
@@ -15,6 +16,12 @@ public:
 
     /// Null selects nothing.
     void Select(QWidget* in_pObject);
+
+    /// Selects the object beside those that are, or no more if it is one of them.
+    void Toggle(QWidget* in_pObject);
+
+    /// The selected objects that are still alive, in the order of their selection.
+    QList<QObject*> GetSelection() const;
 
     bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
@@ -26,6 +33,7 @@ public slots:
     void Restore();
 
 signals:
+    /// Other objects are selected; `in_pObject` is the last of them, null for none.
     void Selected(QObject* in_pObject);
 
 protected:
@@ -38,9 +46,11 @@ private:
     void CreateObjects();
     void Add(QWidget* in_pObject, const char* in_strName);
     QWidget* ObjectAround(QWidget* in_pWidget) const;
+    QWidget* LastSelected() const;
+    void Announce();
 
     QList<tObject> m_objects;
-    QPointer<QWidget> m_pSelected;
+    QList<tObject> m_selected;
     int m_iNextY;
 };
 

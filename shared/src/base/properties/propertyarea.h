@@ -173,12 +173,14 @@ private:
     void PaintCurrent(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintTitle(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintValue(QPainter& in_painter, const sPropertyItem& in_item);
-    void PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart);
+    void PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart, bool in_bNamed);
     void PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect);
     void PaintCommand(QPainter& in_painter, const sPropertyItem& in_item);
     void UpdateCurrent();
     void PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText, const QColor& in_colour);
     QString PartText(const sPropertyItem& in_item, int in_iPart) const;
+    QString NamedPart(const sPropertyItem& in_item, int in_iPart) const;
+    bool HasRoomForNames(const sPropertyItem& in_item) const;
     QColor TextColour(QPalette::ColorRole in_eRole) const;
     QColor MutedColour() const;
     QColor MarkColour(const QColor& in_text) const;

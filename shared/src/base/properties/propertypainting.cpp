@@ -166,14 +166,15 @@ void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_ite
 void CPropertyArea::PaintValue(QPainter& in_painter, const sPropertyItem& in_item)
 {
     const int iParts = in_item.type->Parts();
+    const bool bNamed = HasRoomForNames(in_item);
     for (int iPart = 0; iPart < iParts; ++iPart)
     {
         const bool bEdited = m_pEdit && m_pEdit->Item().get() == &in_item && m_pEdit->Part() == iPart;
-        bEdited ? void() : PaintPart(in_painter, in_item, iPart);
+        bEdited ? void() : PaintPart(in_painter, in_item, iPart, bNamed);
     }
 }
 
-void CPropertyArea::PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart)
+void CPropertyArea::PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart, bool in_bNamed)
 {
     const CPropertyType& type = *in_item.type;
     QRect rect = PartRect(in_item, in_iPart).adjusted(g_iPadding, 0, -g_iPadding, -1);
@@ -193,13 +194,13 @@ void CPropertyArea::PaintPart(QPainter& in_painter, const sPropertyItem& in_item
     }
     const bool bLink = type.Work() == CPropertyType::eLink;
     const bool bShown = in_item.property->IsReadOnly() || type.Work() == CPropertyType::eShown;
-    PaintText(in_painter, rect, PartText(in_item, in_iPart),
+    PaintText(in_painter, rect, in_bNamed ? NamedPart(in_item, in_iPart) : PartText(in_item, in_iPart),
               bLink    ? TextColour(QPalette::Link)
               : bShown ? MutedColour()
                        : TextColour(QPalette::Text));
 }
 
-/// What a value's part shows: its name too, where there is room. Several objects that differ show a dash.
+/// What a value's part shows; of several objects that differ, a dash.
 QString CPropertyArea::PartText(const sPropertyItem& in_item, int in_iPart) const
 {
     const CPropertyType& type = *in_item.type;
@@ -208,11 +209,24 @@ QString CPropertyArea::PartText(const sPropertyItem& in_item, int in_iPart) cons
         return in_item.mixed ? g_strDiffer : in_item.text;
     }
     const QVariant part = type.Part(in_item.value, in_iPart);
-    const QString strPart =
-        in_item.mixed ? g_strDiffer : type.PartType(in_iPart).Shown(in_item.property->Format(), part);
-    const QString strNamed = type.PartLabel(in_iPart) + QLatin1Char(' ') + strPart;
-    const int iRoom = PartRect(in_item, in_iPart).width() - 2 * g_iPadding;
-    return fontMetrics().horizontalAdvance(strNamed) > iRoom ? strPart : strNamed;
+    return in_item.mixed ? g_strDiffer : type.PartType(in_iPart).Shown(in_item.property->Format(), part);
+}
+
+QString CPropertyArea::NamedPart(const sPropertyItem& in_item, int in_iPart) const
+{
+    return in_item.type->PartLabel(in_iPart) + QLatin1Char(' ') + PartText(in_item, in_iPart);
+}
+
+/// Whether there is room for the names of a value's parts, for all or for none.
+bool CPropertyArea::HasRoomForNames(const sPropertyItem& in_item) const
+{
+    bool bRoom = in_item.type->Parts() > 1;
+    for (int i = 0; bRoom && i < in_item.type->Parts(); ++i)
+    {
+        const int iWidth = fontMetrics().horizontalAdvance(NamedPart(in_item, i));
+        bRoom = iWidth <= PartRect(in_item, i).width() - 2 * g_iPadding;
+    }
+    return bRoom;
 }
 
 void CPropertyArea::PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect)

@@ -295,7 +295,6 @@ std::vector<PropertySource::sGroup> PropertySource::OfObject(QObject* in_pObject
     {
         groups.push_back(OfClass(in_pObject, *pClass));
     }
-    std::reverse(groups.begin(), groups.end());
     if (in_pObject && !in_pObject->dynamicPropertyNames().isEmpty())
     {
         sGroup dynamic{QCoreApplication::translate("PropertySource", "Dynamic properties"), {}};

@@ -16,8 +16,8 @@ struct sGroup
     std::vector<tPropertyPtr> properties;
 };
 
-/// Every property that the object's meta-object declares, a group per class from the base up, then its dynamic ones.
-/// Nothing is read yet.
+/// Every property that the object's meta-object declares, a group per class from its own to its bases, then its dynamic
+/// ones. Nothing is read yet.
 PROPERTIES_EXPORT std::vector<sGroup> OfObject(QObject* in_pObject);
 
 /// Every property of a Q_GADGET. `io_pGadget` must live as long as the properties are read and written.
