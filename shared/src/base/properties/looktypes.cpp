@@ -15,8 +15,6 @@ class CColourType final : public CPropertyType
 {
 public:
     eWork Work() const override { return eTyped; }
-    bool IsLeftToRight() const override { return true; }
-
     QString Text(const sPropertyFormat&, const QVariant& in_value) const override
     {
         const QColor colour = in_value.value<QColor>();
@@ -60,8 +58,6 @@ class CFontType final : public CPropertyType
 {
 public:
     eWork Work() const override { return eTyped; }
-    bool IsLeftToRight() const override { return true; }
-
     QString Shown(const sPropertyFormat&, const QVariant& in_value) const override
     {
         return Told(in_value.value<QFont>());

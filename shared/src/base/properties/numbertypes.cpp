@@ -2,7 +2,6 @@
 #include "typednumber.h"
 #include "valuetypes.h"
 
-#include <QGuiApplication>
 #include <QLocale>
 
 #include <cfloat>
@@ -62,13 +61,9 @@ template <class T> class CNumberType final : public CPropertyType
 {
 public:
     eWork Work() const override { return eTyped; }
-    bool IsLeftToRight() const override { return true; }
-
     QString Shown(const sPropertyFormat& in_format, const QVariant& in_value) const override
     {
-        const QString strText = NumberText(in_value, in_format.decimals);
-        const bool bSign = strText.startsWith(QLatin1Char('-')) && QGuiApplication::isRightToLeft();
-        return in_format.prefix + (bSign ? QString(QChar(0x200e)) : QString()) + strText + in_format.suffix;
+        return in_format.prefix + NumberText(in_value, in_format.decimals) + in_format.suffix;
     }
 
     QString Text(const sPropertyFormat&, const QVariant& in_value) const override { return NumberText(in_value, -1); }

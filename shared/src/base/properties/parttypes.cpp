@@ -55,7 +55,6 @@ public:
     {}
 
     eWork Work() const override { return eTyped; }
-    bool IsLeftToRight() const override { return true; }
     int Parts() const override { return Count; }
     const CPropertyType& PartType(int) const override { return m_part; }
 

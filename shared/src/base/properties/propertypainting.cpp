@@ -284,14 +284,19 @@ void CPropertyArea::PaintText(QPainter& in_painter, const QRect& in_rect, const 
     const QString strShown = bShort ? in_strText : metrics.elidedText(in_strText, Qt::ElideRight, in_rect.width());
     in_painter.setPen(in_colour);
     const int iAlignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
+    // A text reads in the direction of what it says, as in an editor: a unit stands after its number.
+    const bool bToLeft = strShown.isRightToLeft();
     const std::vector<std::pair<int, int>> marks = m_filter.Marks(strShown);
     if (marks.empty())
     {
-        in_painter.drawText(in_rect, iAlignment | Qt::TextSingleLine, strShown);
+        const int iDirection = bToLeft ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+        in_painter.drawText(in_rect, iAlignment | iDirection | Qt::TextSingleLine, strShown);
         return;
     }
     QTextLayout layout(strShown, in_painter.font());
-    layout.setTextOption(QTextOption(Qt::Alignment(iAlignment) | Qt::AlignAbsolute));
+    QTextOption option(Qt::Alignment(iAlignment) | Qt::AlignAbsolute);
+    option.setTextDirection(bToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    layout.setTextOption(option);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLineWidth(in_rect.width());

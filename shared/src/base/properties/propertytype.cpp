@@ -25,8 +25,6 @@ public:
 
     eWork Work() const override { return eTyped; }
     bool TakesEnter() const override { return m_type.TakesEnter(); }
-    bool IsLeftToRight() const override { return m_type.IsLeftToRight(); }
-
     QString Shown(const sPropertyFormat& in_format, const QVariant& in_value) const override
     {
         return m_type.Shown(in_format, in_value);
@@ -114,6 +112,17 @@ bool IsTypedInto(const QWidget* in_pWidget)
            qobject_cast<const QPlainTextEdit*>(in_pWidget) || qobject_cast<const QTextEdit*>(in_pWidget);
 }
 
+/// A line edit begins where its text does, whatever the direction of the rows.
+void AlignLikeRow(QWidget& io_editor)
+{
+    QLineEdit* pLine = qobject_cast<QLineEdit*>(&io_editor);
+    pLine = pLine ? pLine : io_editor.findChild<QLineEdit*>();
+    if (pLine && io_editor.parentWidget() && io_editor.parentWidget()->isRightToLeft())
+    {
+        pLine->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+    }
+}
+
 sPropertyEditor ForeignEditor(QWidget* in_pWidget, const QByteArray& in_strName)
 {
     sPropertyEditor editor;
@@ -179,6 +188,7 @@ sPropertyEditor CPropertyType::Edit(const CProperty& in_property, int in_iPart, 
     if (editor.widget)
     {
         editor.widget->setAutoFillBackground(true); // the row is painted behind
+        AlignLikeRow(*editor.widget);
         editor.value = editor.widget->metaObject()->userProperty();
         editor.live = editor.value.hasNotifySignal();
     }
@@ -262,11 +272,6 @@ QVariant CPropertyType::Stepped(const sPropertyFormat&, const QVariant&, int) co
 }
 
 bool CPropertyType::TakesEnter() const
-{
-    return false;
-}
-
-bool CPropertyType::IsLeftToRight() const
 {
     return false;
 }

@@ -111,9 +111,6 @@ public:
     /// Whether Enter is part of what is typed: Ctrl+Enter takes the edit over.
     virtual bool TakesEnter() const;
 
-    /// Whether the value reads from left to right whatever the application does: numbers, files, codes.
-    virtual bool IsLeftToRight() const;
-
     /// The library's own editor for the value, hidden, or null. Its USER property is the value. Its sizeHint tells how
     /// tall it wants to be.
     virtual QWidget* CreateEditor(const sPropertyFormat& in_format, QWidget* in_pParent) const;

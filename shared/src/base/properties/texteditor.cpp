@@ -44,6 +44,10 @@ void CTextEditor::SetValue(const QVariant& in_value)
 CLongTextEditor::CLongTextEditor(QWidget* in_pParent) : QPlainTextEdit(in_pParent)
 {
     setTabChangesFocus(true);
+    QPalette colours = palette();
+    colours.setBrush(QPalette::WindowText, colours.placeholderText());
+    setPalette(colours);
+    setFrameStyle(QFrame::Box | QFrame::Plain); // it lies over other rows: its border is seen in dark palettes too
 }
 
 void CLongTextEditor::SetValue(const QVariant& in_value)

@@ -47,8 +47,6 @@ public:
 class CFileType final : public CTextType
 {
 public:
-    bool IsLeftToRight() const override { return true; }
-
     QWidget* CreateEditor(const sPropertyFormat& in_format, QWidget* in_pParent) const override
     {
         return new CFileEditor(*this, in_format, in_pParent);
@@ -81,8 +79,6 @@ public:
 class CUrlType final : public CTypedType
 {
 public:
-    bool IsLeftToRight() const override { return true; }
-
     QString Text(const sPropertyFormat&, const QVariant& in_value) const override
     {
         return in_value.toUrl().toString();
@@ -142,8 +138,6 @@ public:
 class CUuidType final : public CTypedType
 {
 public:
-    bool IsLeftToRight() const override { return true; }
-
     QString Text(const sPropertyFormat&, const QVariant& in_value) const override
     {
         return in_value.toUuid().toString();
@@ -160,8 +154,6 @@ public:
 class CPatternType final : public CTypedType
 {
 public:
-    bool IsLeftToRight() const override { return true; }
-
     QString Text(const sPropertyFormat&, const QVariant& in_value) const override
     {
         return in_value.toRegularExpression().pattern();
@@ -197,8 +189,6 @@ public:
 class CKeySequenceType final : public CTypedType
 {
 public:
-    bool IsLeftToRight() const override { return true; }
-
     QString Shown(const sPropertyFormat&, const QVariant& in_value) const override
     {
         return in_value.value<QKeySequence>().toString(QKeySequence::NativeText);

@@ -25,6 +25,10 @@ CTimeEditor::CTimeEditor(const QString& in_strDisplayFormat, const sPropertyForm
 {
     setFrame(false);
     setTimeSpec(Qt::UTC);
+    if (locale().textDirection() == Qt::LeftToRight)
+    {
+        setLayoutDirection(Qt::LeftToRight); // else Qt turns the format round, for texts that read from right to left
+    }
     setDisplayFormat(in_strDisplayFormat);
     setCalendarPopup(displayedSections() & DateSections_Mask);
     setDateTimeRange(QDateTime(QDate(100, 1, 1), QTime(0, 0), Qt::UTC),
