@@ -179,6 +179,10 @@ void CPropertyArea::RecomputeLayout()
     int iY = 0;
     for (const tItemPtr& pItem : m_page.Items())
     {
+        if (pItem->kind == sPropertyItem::eGroup && !pItem->recalled)
+        {
+            RecallExpanded(*pItem);
+        }
         const bool bOpen = !pItem->parent || pItem->parent->open;
         pItem->top = iY;
         pItem->height = bOpen && !pItem->filtered ? HeightOf(*pItem) : 0;
@@ -409,17 +413,4 @@ void CPropertyArea::ScrollTo(const sPropertyItem& in_item)
     }
     const int iEnd = in_item.top + in_item.height;
     m_pScrollBar->setValue(std::min(in_item.top, std::max(m_iOffsetY, iEnd - height())));
-}
-
-void CPropertyArea::SetExpanded(sPropertyItem& in_item, bool in_bExpand)
-{
-    if (in_item.kind == sPropertyItem::eGroup && in_item.IsExpanded() != in_bExpand)
-    {
-        const QPointer<CPropertyArea> self(this);
-        const tItemPtr pItem = in_item.shared_from_this();
-        TakeOver();
-        pItem->expanded = in_bExpand;
-        pItem->revealed = false;
-        self ? LayOutSoon() : void();
-    }
 }

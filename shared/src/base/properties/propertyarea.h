@@ -7,6 +7,7 @@
 #include "propertyfilter.h"
 #include "propertyitem.h"
 #include "propertypage.h"
+#include "propertystate.h"
 #include "qtinspectorview.h"
 
 #include <QPalette>
@@ -78,6 +79,11 @@ public:
     bool EditNext(bool in_bForward);
 
     void SetExpanded(sPropertyItem& in_item, bool in_bExpand);
+    void ExpandAll(bool in_bExpand);
+
+    /// What the user folded and unfolded, by sPropertyState::PathOf.
+    const QMap<QString, bool>& ExpandedGroups() const { return m_expanded; }
+    void SetExpandedGroups(const QMap<QString, bool>& in_expanded);
 
     /// Leaves out the rows in which not every word is found, and those that are not modified.
     void SetFilter(const QString& in_strText, bool in_bOnlyModified = false);
@@ -161,6 +167,11 @@ private:
     QRect LabelRect(const sPropertyItem& in_item) const;
     QRect Mirrored(const QRect& in_rect) const;
 
+    // Folding: propertystate.cpp.
+    void RecallExpanded(sPropertyItem& io_group);
+    void Keep(sPropertyItem& io_group, bool in_bExpand);
+    void LeaveFolded();
+
     // Filter: propertyfilter.cpp.
     void ReadForFilter();
     void PlaceFiltered();
@@ -205,6 +216,7 @@ private:
     std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
     std::unique_ptr<CPropertyEdit> m_pEdit;         ///< what is being edited; null for nothing
     std::unique_ptr<CItemEditors> m_pItemEditors;
+    QMap<QString, bool> m_expanded;
     CPropertyFilter m_filter;
     std::weak_ptr<sPropertyItem> m_beforeFilter; ///< the current row when the filter began
     int m_iOffsetBeforeFilter = 0;

@@ -311,6 +311,11 @@ void CPropertyArea::keyPressEvent(QKeyEvent* in_pEvent)
     {
         Navigate(in_pEvent->key()) || WorkKey(*in_pEvent) ? void() : CQTInspectorView::keyPressEvent(in_pEvent);
     }
+    else if (in_pEvent->modifiers() == Qt::ControlModifier &&
+             (in_pEvent->key() == Qt::Key_Left || in_pEvent->key() == Qt::Key_Right))
+    {
+        ExpandAll((in_pEvent->key() == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight));
+    }
     else
     {
         CQTInspectorView::keyPressEvent(in_pEvent);

@@ -63,6 +63,7 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     bool expanded = true;  ///< what a group holds is not folded away
     bool open = true;      ///< neither is the group itself
     bool filtered = false; ///< left out by the filter
+    bool recalled = false; ///< expanded is as the user left a group of that name
     bool revealed = false; ///< unfolded by the filter for what it found within
 };
 

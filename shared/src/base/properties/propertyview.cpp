@@ -167,6 +167,36 @@ void CPropertyView::SetLabelColumn(int in_iWidth)
     m_pArea->SetLabelColumn(in_iWidth);
 }
 
+void CPropertyView::ExpandAll(bool in_bExpand)
+{
+    m_pArea->ExpandAll(in_bExpand);
+}
+
+QByteArray CPropertyView::SaveState() const
+{
+    sPropertyState state;
+    state.expanded = m_pArea->ExpandedGroups();
+    state.labelColumn = LabelColumn();
+    state.filter = Filter();
+    state.onlyModified = m_pArea->Filter().IsOnlyModified();
+    state.filterVisible = IsFilterVisible();
+    return state.Save();
+}
+
+bool CPropertyView::RestoreState(const QByteArray& in_state)
+{
+    sPropertyState state;
+    if (!state.Restore(in_state))
+    {
+        return false;
+    }
+    m_pArea->SetExpandedGroups(state.expanded);
+    SetLabelColumn(state.labelColumn);
+    m_pFilterLine->setVisible(state.filterVisible);
+    SetFilter(state.filter);
+    return true;
+}
+
 CPropertyRow CPropertyView::CurrentRow() const
 {
     return CPropertyRow(m_pPage, m_pArea->Current());

@@ -60,6 +60,17 @@ public:
     int LabelColumn() const;
     void SetLabelColumn(int in_iWidth);
 
+    /// Unfolds all groups, or folds them; Ctrl+Right and Ctrl+Left do so. A group that was folded or unfolded here or
+    /// by the user is so again, by its title, on the pages shown later.
+    void ExpandAll(bool in_bExpand = true);
+
+    /// The label column, which groups are folded, and the filter, for the next run.
+    QByteArray SaveState() const;
+
+    /// Takes what SaveState gave.
+    /// \return false, with nothing changed, when the bytes are broken or no such state
+    bool RestoreState(const QByteArray& in_state);
+
     /// The current row; one that is no row when there is none.
     CPropertyRow CurrentRow() const;
     void SetCurrentRow(const CPropertyRow& in_row);
