@@ -2,6 +2,7 @@
 
 #include "inplacekeeper.h"
 #include "inspectorqt.h"
+#include "viewkeyboard.h"
 
 #include <limits>
 
@@ -91,6 +92,7 @@ void CInPlaceEdit::InPlaceEdit(QWidget* in_pOver, QRect in_rect)
         return; // showing the editor took the focus from somebody who ended this edit or began another
     }
     m_bEditing = true;
+    setReadOnly(CViewKeyboard::IsForReading(pOver));
     setFocus(Qt::OtherFocusReason);
     selectAll();
 }

@@ -1,6 +1,7 @@
 #include "inplacekeeper.h"
 
 #include "inspectorqt.h"
+#include "viewaccessible.h"
 
 #include <vector>
 
@@ -123,6 +124,7 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     }
     m_pEditor->setGeometry(in_geometry);
     qApp->installEventFilter(this);
+    InspectorAccessible::NameEditor(m_pEditor, in_pOver);
     m_pEditor->show();
     InspectorQt::Activate(m_pEditor);
     if (InspectorQt::HearsLate())

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace
@@ -372,7 +373,8 @@ void CInspectorController::GiveFocusToPrevElement(CInspectorDataWidget* in_pWidg
 template <class Direction> void CInspectorController::GiveFocusToNeighbour(CInspectorDataWidget* in_pWidget)
 {
     CInspectorView* pView = View();
-    if (!pView || !in_pWidget)
+    const bool bForward = std::is_same<Direction, sForwardLeafIterators>::value;
+    if (!pView || !in_pWidget || pView->MoveFocusFrom(in_pWidget, bForward))
     {
         return;
     }

@@ -389,6 +389,11 @@ void CInspectorView::OffsetControls(int in_iX, int in_iY)
     });
 }
 
+bool CInspectorView::MoveFocusFrom(CInspectorDataWidget*, bool)
+{
+    return false;
+}
+
 void CInspectorView::RecomputeLayout()
 {
     m_iContentHeight = 0;

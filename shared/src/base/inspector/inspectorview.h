@@ -3,6 +3,7 @@
 
 #include "inspectordataelement.h"
 
+#include <iterator>
 #include <list>
 #include <set>
 #include <string>
@@ -246,6 +247,10 @@ public:
     /// Scrolls: moves every widget `in_iX` to the left and `in_iY` up from its rectangle.
     virtual void OffsetControls(int in_iX, int in_iY);
 
+    /// Asked by the controller before it moves the editing on from a control: a view that has a keyboard of its own
+    /// moves the focus itself, and answers true. False here.
+    virtual bool MoveFocusFrom(CInspectorDataWidget* in_pWidget, bool in_bForward);
+
     /// A new empty holder, owned by the view.
     sInspectorHolder* CreateNewHolder();
 
@@ -299,6 +304,7 @@ protected:
 private:
     friend class CInspectorController;
     friend class CInspectorLink<CInspectorView>;
+    friend class CViewRows;
     struct sBounds;
     struct sPreview;
 
@@ -378,6 +384,17 @@ public:
 
     /// The present leaf; only valid before the end.
     sInspectorHolder* GetLeaf() const { return m_stack.back().leaf; }
+
+    /// The row that the present leaf stands in; only valid before the end.
+    const sInspectorElement& GetRow() const
+    {
+        auto item = m_stack.rbegin();
+        while (!item->elementList)
+        {
+            ++item;
+        }
+        return *std::prev(item->elementPosition);
+    }
 
     /// Steps on from the present leaf; does nothing at the end.
     void Next()

@@ -2,6 +2,7 @@
 
 #include "datawidgettools.h"
 #include "qtinspectorview.h"
+#include "viewaccessible.h"
 
 using namespace InspectorWidgets;
 
@@ -81,6 +82,7 @@ void CQTEnumDataWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
     if (LoadValue())
     {
         CQTInspectorView::UpdateControl(this);
+        InspectorAccessible::TellValue(this);
     }
 }
 
@@ -93,6 +95,7 @@ void CQTEnumDataWidget::FinishValueEdit(const char* in_strText, CInspectorDataEl
 {
     m_strValue = InspectorQt::Text(in_strText);
     update();
+    InspectorAccessible::TellValue(this);
     ReportEnd(this, GetSafeEnumData(), in_eCause);
 }
 

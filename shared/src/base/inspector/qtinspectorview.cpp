@@ -4,7 +4,9 @@
 #include "inspectorqt.h"
 #include "labelwidths.h"
 #include "shapedtexts.h"
+#include "viewaccessible.h"
 #include "viewfilter.h"
+#include "viewkeyboard.h"
 
 #include <QScrollArea>
 
@@ -34,6 +36,8 @@ CQTInspectorView::CQTInspectorView()
     m_pScrollBar->setSingleStep(g_iScrollStep);
     connect(m_pScrollBar, SIGNAL(valueChanged(int)), this, SLOT(SliderValueChanged(int)));
     m_pFilter = new CViewFilter(this, m_pContentWidget, m_pScrollBar);
+    m_pRows.reset(new CViewRows(this, m_pContentWidget));
+    InspectorAccessible::Install();
 }
 
 CQTInspectorView::~CQTInspectorView()
@@ -43,6 +47,7 @@ CQTInspectorView::~CQTInspectorView()
         // A row's death may end an open list, whose report may still build on this view: better while that is whole.
         CInPlaceKeeper::CloseLists();
     }
+    SetKeyboardNavigation(false);
     delete m_pContentWidget;
     m_pContentWidget = nullptr;
     delete m_pScrollBar;
@@ -76,6 +81,7 @@ void CQTInspectorView::ResizeInspector(int in_iWidth, int in_iHeight)
 void CQTInspectorView::OnContentHeightSet()
 {
     const QPointer<QWidget> self(this);
+    m_pRows->Forget();
     const bool bScrolls = m_iViewHeight < m_iContentHeight;
     if (bScrolls)
     {
@@ -273,6 +279,35 @@ void CQTInspectorView::ParentControlToInspector(CInspectorDataWidget* in_pWidget
     }
     pWidget->setParent(m_pContentWidget);
     m_pFilter->WatchControl(pWidget);
+    if (m_pKeyboard)
+    {
+        m_pKeyboard->TakeControl(pWidget);
+    }
+}
+
+void CQTInspectorView::SetKeyboardNavigation(bool in_bOn, bool in_bReadOnlyToo)
+{
+    delete m_pKeyboard;
+    m_pKeyboard = in_bOn ? new CViewKeyboard(this, m_pContentWidget, m_pRows.get(), in_bReadOnlyToo) : nullptr;
+}
+
+bool CQTInspectorView::IsTabStop(CInspectorDataWidget*)
+{
+    return true;
+}
+
+bool CQTInspectorView::MoveFocusFrom(CInspectorDataWidget* in_pWidget, bool in_bForward)
+{
+    const bool bKeyboard = m_pKeyboard;
+    bKeyboard ? m_pKeyboard->MoveEditing(in_pWidget, in_bForward) : void();
+    return bKeyboard;
+}
+
+/// Asked by Qt on Tab, whichever widget in here has the focus.
+bool CQTInspectorView::focusNextPrevChild(bool in_bNext)
+{
+    const QPointer<QWidget> self(this);
+    return (m_pKeyboard && m_pKeyboard->MoveFocus(in_bNext)) || !self || QWidget::focusNextPrevChild(in_bNext);
 }
 
 /// Widgets that are shown one by one cost Qt time that grows with the square of their number; together, when their

@@ -13,6 +13,8 @@
 class CLabelWidths;
 class CShapedTexts;
 class CViewFilter;
+class CViewKeyboard;
+class CViewRows;
 class QPainter;
 
 /// The inspector as a Qt widget: scrolls, paints group frames, titles and labels, and lets the data widgets paint their
@@ -71,12 +73,29 @@ public:
     /// `ScrollTo(0)` before its layout if it is another object's.
     void ScrollTo(int in_iY);
 
+    /// Lets the page be worked by the keyboard alone; off at first. Tab and Shift+Tab enter the page, go from control
+    /// to control in the order of the page, whatever their kind, and leave it at its ends; the page scrolls along. The
+    /// control that has the focus shows it. Space toggles a box, presses a button and opens a list, Down and Alt+Down
+    /// open a list too; in there the keys of a combo box choose, and a second press on the row closes it. Return and F2
+    /// edit a line. A long text is left by Tab, which it cannot have typed into it then. Widgets of the application's
+    /// own take part as their focus policies say.
+    /// \param in_bReadOnlyToo whether Tab stops at read-only values, from which a line can be copied
+    void SetKeyboardNavigation(bool in_bOn, bool in_bReadOnlyToo = true);
+
+    /// Asked when Tab is about to stop at a control: override it to have some skipped. What is hidden, disabled or
+    /// static is not asked for. True here.
+    virtual bool IsTabStop(CInspectorDataWidget* in_pWidget);
+
+    /// With the keyboard navigation on, moves the focus on, and goes on editing when it reaches a line.
+    bool MoveFocusFrom(CInspectorDataWidget* in_pWidget, bool in_bForward) override;
+
 public slots:
     /// Scrolls to the scroll bar's value; the parameter is ignored.
     void SliderValueChanged(int value);
 
 protected:
     void paintEvent(QPaintEvent* in_pEvent) override;
+    bool focusNextPrevChild(bool in_bNext) override;
 
     QWidget* m_pContentWidget; ///< the parent of every data widget; owned
     QScrollBar* m_pScrollBar;  ///< owned
@@ -88,6 +107,9 @@ public:
 
 private:
     friend class CQTControl;
+    friend class CAccessibleControl;
+    friend class CAccessibleView;
+    friend class CViewKeyboard;
 
     static CQTInspectorView* Of(const QWidget* in_pControl);
     void ShowInAreas(const QRect& in_row);
@@ -101,6 +123,8 @@ private:
     QString LabelText(const sInspectorElement& in_row) const;
 
     CViewFilter* m_pFilter;
+    std::unique_ptr<CViewRows> m_pRows;
+    CViewKeyboard* m_pKeyboard = nullptr; ///< null without keyboard navigation
     std::unique_ptr<CLabelWidths> m_pLabelWidths;
     std::unique_ptr<CShapedTexts> m_pTexts;
     bool m_bPaintDue = false;     ///< a paint of the whole view was asked for and has not begun

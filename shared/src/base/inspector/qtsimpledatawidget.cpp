@@ -3,16 +3,24 @@
 #include "datawidgettools.h"
 #include "qtinspectorview.h"
 #include "shapedtexts.h"
+#include "viewaccessible.h"
 #include "viewfilter.h"
+#include "viewkeyboard.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace InspectorWidgets;
 
 bool CQTControl::event(QEvent* in_pEvent)
 {
     CQTInspectorView* pView = CViewFilter::Handles(*in_pEvent) ? CQTInspectorView::Of(this) : nullptr;
-    return (pView && pView->m_pFilter->eventFilter(this, in_pEvent)) || QWidget::event(in_pEvent);
+    if (pView && pView->m_pFilter->eventFilter(this, in_pEvent))
+    {
+        return true;
+    }
+    CViewKeyboard* pKeyboard = CViewKeyboard::For(this, *in_pEvent);
+    return pKeyboard ? pKeyboard->Deliver(this, in_pEvent) : QWidget::event(in_pEvent);
 }
 
 void CQTControl::PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText) const
@@ -117,6 +125,7 @@ void CQTSimpleDataWidget::FinishValueEdit(const char* in_strText, CInspectorData
 {
     m_strValue = InspectorQt::Text(in_strText);
     update();
+    InspectorAccessible::TellValue(this);
     ReportEnd(this, GetSafeSimpleData(), in_eCause);
 }
 
@@ -126,6 +135,7 @@ void CQTSimpleDataWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
     {
         g_pInPlace->UpdateText(this, m_strValue);
         CQTInspectorView::UpdateControl(this);
+        InspectorAccessible::TellValue(this);
     }
 }
 
@@ -213,8 +223,9 @@ void CQTSimpleBoolWidget::OnValueChange(CInspectorDataWidget::sValueChangeInfo*)
 {
     if (CBoolDataElement* pElement = GetSafeData())
     {
-        m_bValue = pElement->GetValue();
+        const bool bOld = std::exchange(m_bValue, pElement->GetValue());
         CQTInspectorView::UpdateControl(this);
+        bOld != m_bValue ? InspectorAccessible::TellValue(this) : void();
     }
 }
 
@@ -237,6 +248,7 @@ void CQTSimpleBoolWidget::mousePressEvent(QMouseEvent* in_pEvent)
     }
     m_bValue = !m_bValue;
     update(); // ahead of the report, which may destroy this widget
+    InspectorAccessible::TellValue(this);
     pElement->OnCtrlValueChange();
 }
 
@@ -353,16 +365,17 @@ void CQTSimpleTextWidget::focusOutEvent(QFocusEvent* in_pEvent)
 }
 
 /// Losing the focus reports, which may destroy the widget that Qt has found to get it: reported before Qt looks. A Tab
-/// that is typed takes the focus nowhere.
+/// that is typed takes the focus nowhere, but from control to control where the page is worked by keys.
 bool CQTSimpleTextWidget::focusNextPrevChild(bool in_bNext)
 {
-    if (in_bNext && !tabChangesFocus() && (textInteractionFlags() & Qt::TextEditable))
+    const bool bKeyboard = CViewKeyboard::Of(this);
+    if (!bKeyboard && in_bNext && !tabChangesFocus() && (textInteractionFlags() & Qt::TextEditable))
     {
         return QTextEdit::focusNextPrevChild(in_bNext);
     }
     const QPointer<QWidget> self(this);
     ReportText();
-    return !self || QTextEdit::focusNextPrevChild(in_bNext);
+    return !self || (bKeyboard ? QWidget::focusNextPrevChild(in_bNext) : QTextEdit::focusNextPrevChild(in_bNext));
 }
 
 void CQTSimpleTextWidget::ReportText()

@@ -18,6 +18,8 @@ class QPainter;
 /// What the one-line data widgets have in common.
 class INSPECTOR_EXPORT CQTControl : public QWidget
 {
+    friend class CViewKeyboard;
+
 protected:
     /// Leaves to the view that the widget is in what is the view's to handle: the wheel scrolls it.
     bool event(QEvent* in_pEvent) override;
