@@ -42,6 +42,7 @@ CInspectorHost::CInspectorHost() : m_pView(new CDemoView)
 {
     setMinimumWidth(260);
     m_pView->setParent(this);
+    m_pView->SetKeyboardNavigation(true);
 }
 
 void CInspectorHost::LayOutNewPage()

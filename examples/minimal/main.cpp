@@ -67,6 +67,7 @@ int main(int argc, char** argv)
     pLight->AddEnum("cold", "Daylight");
     controller.Add("Light", pLight, new CQTEnumDataWidget);
     controller.ConnectDataElements();
+    view.SetKeyboardNavigation(true);
     view.ResizeInspector(300, -1);
     view.setFixedSize(view.size());
     view.show();

@@ -117,10 +117,12 @@ protected:
 
     void Key(const std::string& in_strKey)
     {
-        static const std::map<std::string, int> keys = {{"Escape", Qt::Key_Escape},  {"Return", Qt::Key_Return},
-                                                        {"KP_Enter", Qt::Key_Enter}, {"Tab", Qt::Key_Tab},
-                                                        {"shift+Tab", Qt::Key_Tab},  {"ISO_Left_Tab", Qt::Key_Backtab},
-                                                        {"Down", Qt::Key_Down}};
+        static const std::map<std::string, int> keys = {
+            {"Escape", Qt::Key_Escape}, {"Return", Qt::Key_Return}, {"KP_Enter", Qt::Key_Enter},
+            {"Tab", Qt::Key_Tab},       {"shift+Tab", Qt::Key_Tab}, {"ISO_Left_Tab", Qt::Key_Backtab},
+            {"Down", Qt::Key_Down},     {"alt+Down", Qt::Key_Down}, {"Up", Qt::Key_Up},
+            {"Next", Qt::Key_PageDown}, {"Home", Qt::Key_Home},     {"End", Qt::Key_End},
+            {"space", Qt::Key_Space},   {"F2", Qt::Key_F2}};
         const int iBefore = m_counts[QEvent::KeyPress];
         if (IsReal()) // a compositor lets a pop-up open only while the key is down
         {
@@ -132,7 +134,9 @@ protected:
         QWidget* pMenu = QApplication::activePopupWidget();
         const int iKey = in_strKey.size() == 1 ? QTest::asciiToKey(in_strKey[0]) : keys.at(in_strKey);
         QTest::keyClick(pMenu ? pMenu : QApplication::focusWidget(), Qt::Key(iKey),
-                        in_strKey == "shift+Tab" ? Qt::ShiftModifier : Qt::NoModifier);
+                        in_strKey == "shift+Tab"  ? Qt::ShiftModifier
+                        : in_strKey == "alt+Down" ? Qt::AltModifier
+                                                  : Qt::NoModifier);
         Rest(QEvent::KeyPress, iBefore, in_strKey);
     }
 

@@ -106,6 +106,10 @@ void CQTInspectorView::OnContentHeightSet()
     {
         Reveal();
     }
+    if (self && m_pKeyboard)
+    {
+        m_pKeyboard->RestoreFocus();
+    }
     if (self)
     {
         UpdateView();

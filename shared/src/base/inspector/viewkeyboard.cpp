@@ -114,6 +114,7 @@ CViewKeyboard* CViewKeyboard::For(const QWidget* in_pControl, const QEvent& in_e
     case QEvent::ShortcutOverride:
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
+    case QEvent::FocusIn:
         return Of(in_pControl);
     case QEvent::Paint:
         return in_pControl->hasFocus() ? Of(in_pControl) : nullptr;
@@ -213,6 +214,11 @@ bool CViewKeyboard::Deliver(CQTControl* in_pControl, QEvent* in_pEvent)
     else if (eType == QEvent::MouseButtonPress)
     {
         WatchList(in_pControl);
+    }
+    else if (eType == QEvent::FocusIn)
+    {
+        m_pFocused = in_pControl;
+        m_iFocused = m_pRows->IndexOf(in_pControl);
     }
     return bHandled;
 }
@@ -382,7 +388,7 @@ bool CViewKeyboard::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     return false;
 }
 
-/// The view itself never keeps the focus as long as it has a row for it.
+/// The view itself does not keep the focus that Tab brings.
 void CViewKeyboard::Enter(Qt::FocusReason in_eReason)
 {
     const bool bForward = in_eReason != Qt::BacktabFocusReason;
@@ -391,6 +397,10 @@ void CViewKeyboard::Enter(Qt::FocusReason in_eReason)
     {
         QCoreApplication::postEvent(this, new QEvent(QEvent::User)); // Qt will tell of the view's focus last
         GiveFocus(pStop, bForward);
+    }
+    else if (in_eReason == Qt::TabFocusReason || in_eReason == Qt::BacktabFocusReason)
+    {
+        Leave(bForward);
     }
 }
 
@@ -402,6 +412,22 @@ void CViewKeyboard::customEvent(QEvent*)
     if (pFocused && m_pContent->isAncestorOf(pFocused))
     {
         InspectorAccessible::TellFocus(pFocused);
+    }
+}
+
+void CViewKeyboard::RestoreFocus()
+{
+    const QWidget* pPresent = m_pView->window()->focusWidget();
+    if (m_pFocused || m_iFocused < 0 || (pPresent && pPresent != m_pView))
+    {
+        return;
+    }
+    const int iRow = std::min(m_iFocused, static_cast<int>(m_pRows->All().size()));
+    QWidget* pStop = FindStop(iRow - 1, true);
+    pStop = pStop ? pStop : FindStop(iRow, false);
+    if (pStop)
+    {
+        pStop->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -51,6 +51,9 @@ public:
     /// Moves the focus on from a control, and goes on editing if a line is reached.
     void MoveEditing(CInspectorDataWidget* in_pWidget, bool in_bForward);
 
+    /// When the control that had the focus has gone with its page: gives the focus to the one in its place.
+    void RestoreFocus();
+
     /// Whether the list is open over a control.
     bool IsListOver(const QWidget* in_pControl) const;
 
@@ -80,6 +83,8 @@ private:
     CViewRows* m_pRows;
     bool m_bReadOnlyToo;
     QPointer<QWidget> m_pLastInChain; ///< the application's widget that came last into Qt's focus chain
+    QPointer<QWidget> m_pFocused;     ///< the control of the library's that last had the focus
+    int m_iFocused = -1;              ///< where it stood
     QPointer<QWidget> m_pListRow;     ///< the control that the list is open over
     QPointer<QWidget> m_pClosedRow;   ///< the one that the event being handled has closed it over
 };
