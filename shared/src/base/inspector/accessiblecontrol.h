@@ -63,6 +63,7 @@ class CAccessibleLongText : public CAccessibleControl, public QAccessibleEditabl
 public:
     explicit CAccessibleLongText(QTextEdit* in_pControl);
 
+    int childCount() const override { return 0; } ///< what it scrolls with is not worth a visit
     QAccessible::State state() const override;
     void* interface_cast(QAccessible::InterfaceType in_eType) override;
 
