@@ -1,5 +1,5 @@
-# Debian packages, made by cpack: the libraries, and what is needed to build with them. The program of a package is a
-# component, too: install(... COMPONENT tools) and one more inspector_package below.
+# Debian packages, made by cpack: the libraries, what is needed to build with them, and the tools. Each is a component:
+# install(... COMPONENT <component>), and an inspector_package below.
 
 set(abi "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
 string(REGEX REPLACE "([0-9])$" "\\1-" runtime_name "libinspector${INSPECTOR_SUFFIX}")
@@ -46,6 +46,13 @@ inspector_package(runtime "${runtime_name}" libs ""
 inspector_package(development "${development_name}" libdevel
     "${runtime_name} (= ${PROJECT_VERSION}), ${qt_development_${INSPECTOR_QT_MAJOR}}"
     "Headers, files for CMake and pkg-config, guide and examples, to build with\n${runtime_name}.")
+if(INSPECTOR_BUILD_TOOLS AND TARGET inspectorproperties)
+    # One package for all Qts: packages.sh has the plug-ins of its other build added.
+    string(REPLACE "-qt${INSPECTOR_QT_MAJOR}" "-qt5" runtime_qt5 "${runtime_name} (= ${PROJECT_VERSION})")
+    string(REPLACE "-qt${INSPECTOR_QT_MAJOR}" "-qt6" runtime_qt6 "${runtime_name} (= ${PROJECT_VERSION})")
+    inspector_package(tools inspector-tools devel "libc6, libstdc++6, ${runtime_qt5}, ${runtime_qt6}"
+        "Look into a running Qt program: inspect starts it with a window of its\nobjects, their properties and signals.")
+endif()
 
 # What the package manager and those who link the libraries need to know of their ABI.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)

@@ -27,8 +27,11 @@ for version in 6 5; do
         -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DINSPECTOR_QT=$version -DINSPECTOR_SUFFIX=-qt$version \
         -DINSPECTOR_BUILD_TESTS=OFF -DINSPECTOR_BUILD_EXAMPLES=OFF
     cmake --build "$build"
-    (cd "$build" && cpack -B "$target" >/dev/null)
 done
+# The tools for both in one package.
+(cd build/package-qt5 && cpack -B "$target" -D "CPACK_COMPONENTS_ALL=runtime;development" >/dev/null)
+(cd build/package-qt6 && cpack -B "$target" -D \
+    "CPACK_INSTALL_CMAKE_PROJECTS=$PWD;Inspector;ALL;/;$PWD/../package-qt5;Inspector;tools;/" >/dev/null)
 rm -rf "$target/_CPack_Packages"
 for package in "$target"/*.deb; do
     drop_scripts "$package"

@@ -51,7 +51,8 @@ for version in 6 5; do
         cmake --build "build-$name"
         runs "build-$name/consumer"
         runs "build-$name/page"
-        echo "Built with CMake and run: both libraries, $name"
+        inspect --exercise 10 "build-$name/page"
+        echo "Built with CMake, run and inspected: both libraries, $name"
         for list in examples/*/CMakeLists.txt; do
             example=$(basename $(dirname $list))
             cmake -G Ninja -S examples/$example -B build-$name/$example -DInspector_DIR=$(

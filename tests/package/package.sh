@@ -38,6 +38,7 @@ with_cmake() {
     configure_and_build "$here/consumer" consumer \
         -DINSPECTOR_PACKAGE="Inspector$SUFFIX" -DINSPECTOR_VERSION="$VERSION"
     check_that_they_run consumer
+    [[ ! -e $stage/bin/inspect ]] || "$stage/bin/inspect" --exercise 10 consumer/page
 }
 
 with_pkgconfig() {
