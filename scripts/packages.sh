@@ -28,10 +28,14 @@ for version in 6 5; do
         -DINSPECTOR_BUILD_TESTS=OFF -DINSPECTOR_BUILD_EXAMPLES=OFF
     cmake --build "$build"
 done
+# pack <Qt> <component;...> [<argument of cpack>...]
+pack() {
+    (cd "build/package-qt$1" && cpack -B "$target" -D "CPACK_COMPONENTS_ALL=$2" "${@:3}" >/dev/null)
+}
+pack 6 "runtime;development"
+pack 5 "runtime;development"
 # The tools for both in one package.
-(cd build/package-qt5 && cpack -B "$target" -D "CPACK_COMPONENTS_ALL=runtime;development" >/dev/null)
-(cd build/package-qt6 && cpack -B "$target" -D \
-    "CPACK_INSTALL_CMAKE_PROJECTS=$PWD;Inspector;ALL;/;$PWD/../package-qt5;Inspector;tools;/" >/dev/null)
+pack 6 tools -D "CPACK_INSTALL_CMAKE_PROJECTS=../package-qt5;Inspector;ALL;/;.;Inspector;ALL;/"
 rm -rf "$target/_CPack_Packages"
 for package in "$target"/*.deb; do
     drop_scripts "$package"

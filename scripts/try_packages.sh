@@ -1,15 +1,21 @@
 #!/bin/bash
 # try_packages.sh <folder with the packages> [folder for a new Debian system]
 # Installs the packages on a Debian system with nothing else on it, then builds and runs a program of each library and
-# every packaged example there. To be run as root; needs debootstrap. The system stays for a look at it if it has a folder of its own.
+# every packaged example there. To be run as root; needs debootstrap. The system stays for a look at it if it has a folder
+# of its own.
 set -euo pipefail
 project=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
 packages=$(realpath "$1")
 root=${2:-}
+keep=$root
 if [[ ! $root ]]; then
     root=$(mktemp -d)
-    trap 'rm -rf "$root"' EXIT
 fi
+leave() {
+    ! mountpoint -q "$root/proc" || umount "$root/proc"
+    [[ $keep ]] || rm -rf --one-file-system "$root"
+}
+trap leave EXIT
 
 inside() {
     chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
@@ -17,6 +23,7 @@ inside() {
 }
 
 [[ -e $root/etc/debian_version ]] || debootstrap --variant=minbase bookworm "$root"
+mount -t proc proc "$root/proc"
 cp /etc/resolv.conf "$root/etc/"
 mkdir -p "$root/try"
 cp "$packages"/*.deb "$root/try/"
