@@ -98,6 +98,7 @@ private slots:
     void Wheel();
     void Dialog();
     void OtherDialogs();
+    void Completion();
     void ForeignEditors();
     void Looks();
 };
@@ -597,6 +598,24 @@ void CTypeTest::OtherDialogs()
         pDialog->accept();
         QVERIFY2(edit.Value() == value, qPrintable(edit.Value().toString()));
     }
+}
+
+void CTypeTest::Completion()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir("chapter"));
+    CTestProperty property(QVariant(folder.path()));
+    property.EditFormat().editor = sPropertyFormat::eFolder;
+    sEdit edit(property, folder.path());
+    QVERIFY(TestSupport::ShowWindow(&edit.window));
+    QTest::keyClick(edit.editor.widget, Qt::Key_End);
+    QTest::keyClicks(edit.editor.widget, "/ch");
+    QVERIFY(TestSupport::WaitUntil([] { return QApplication::activePopupWidget(); }));
+    QWidget* pList = QApplication::activePopupWidget();
+    QVERIFY(CPropertyType::IsWithin(pList, edit.editor.widget));
+    QTest::keyClick(pList, Qt::Key_Down);
+    QTest::keyClick(pList, Qt::Key_Return);
+    QCOMPARE(edit.Value().toString(), folder.filePath("chapter"));
 }
 
 void CTypeTest::ForeignEditors()

@@ -1,5 +1,6 @@
 #include "fileeditor.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -7,21 +8,36 @@
 CFileEditor::CFileEditor(const CPropertyType& in_type, const sPropertyFormat& in_format, QWidget* in_pParent)
     : CDialogEditor(in_type, in_format, in_pParent)
 {
-    // A model of files starts a thread: not before somebody types.
-    connect(this, &QLineEdit::textEdited, this, &CFileEditor::Complete);
+    connect(this, &QLineEdit::textEdited, this, &CFileEditor::Load);
 }
 
-void CFileEditor::Complete()
+/// The model knows the folder that is typed when it has it as its root. It starts a thread: not before somebody types.
+void CFileEditor::Load(const QString& in_strText)
 {
-    if (!completer())
+    if (!m_pFiles)
     {
         QCompleter* pCompleter = new QCompleter(this);
-        QFileSystemModel* pFiles = new QFileSystemModel(pCompleter);
+        m_pFiles = new QFileSystemModel(pCompleter);
         const bool bFolder = Format().editor == sPropertyFormat::eFolder;
-        pFiles->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | QDir::Drives | (bFolder ? QDir::Dirs : QDir::Files));
-        pFiles->setRootPath(QString());
-        pCompleter->setModel(pFiles);
+        m_pFiles->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | (bFolder ? QDir::Dirs : QDir::Files));
+        pCompleter->setModel(m_pFiles);
         setCompleter(pCompleter);
+        connect(m_pFiles, &QFileSystemModel::directoryLoaded, this, &CFileEditor::Complete);
+    }
+    const QString strFolder = QFileInfo(in_strText).path();
+    if (QDir::isAbsolutePath(in_strText) && QFileInfo(strFolder).isDir())
+    {
+        m_pFiles->setRootPath(strFolder);
+    }
+}
+
+/// A folder comes to be known later than it is typed.
+void CFileEditor::Complete()
+{
+    if (hasFocus() && isModified() && !completer()->popup()->isVisible())
+    {
+        completer()->setCompletionPrefix(text());
+        completer()->complete();
     }
 }
 

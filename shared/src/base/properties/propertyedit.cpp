@@ -5,6 +5,7 @@
 #include "propertytype.h"
 
 #include <QApplication>
+#include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWindow>
@@ -41,9 +42,14 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
     SelectAll();
 }
 
-/// What is typed first replaces the value, except in a text of several lines.
+/// What is typed first replaces the value: of a date its first number, of a text of several lines nothing.
 void CPropertyEdit::SelectAll()
 {
+    if (auto* pTime = qobject_cast<QDateTimeEdit*>(m_pEditor))
+    {
+        pTime->setSelectedSection(pTime->sectionAt(0));
+        return;
+    }
     auto* pLine = qobject_cast<QLineEdit*>(m_pEditor);
     pLine = pLine || !m_pEditor ? pLine : m_pEditor->findChild<QLineEdit*>();
     if (pLine)
