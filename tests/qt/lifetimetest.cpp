@@ -77,6 +77,7 @@ std::string LifetimeTest::RunCell(int in_iWay, int in_iOpening, int in_iPlace, i
     const QString strPlace = Latin(g_strPlaces).section(QLatin1Char(' '), in_iPlace, in_iPlace);
     const bool bNative = (in_iOpening + in_iAction) % 2; // beside a native widget the view is native too
     bNative ? void((new QWidget(&page.m_window))->winId()) : void();
+    page.m_pView->SetKeyboardNavigation((in_iPlace + in_iOpening) % 2);
     const QString strCell = strPlace + Latin(", ") + Latin(action.m_strName);
     page.Do(opening);
     const QPointer<QWidget> pRow = page.WidgetOf(page.m_strOpen);

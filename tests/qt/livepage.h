@@ -251,6 +251,13 @@ public:
     const std::vector<sAct> m_input = {
         {"Return", 0, [this] { Key(Qt::Key_Return); }},
         {"Backtab", 0, [this] { Key(Qt::Key_Backtab); }},
+        {"Tab", 0, [this] { Key(Qt::Key_Tab); }},
+        {"Space on a button", 0,
+         [this] {
+             m_window.setFocus(); // what reports by that may destroy the button
+             WidgetOf("go") ? WidgetOf("go")->setFocus() : void();
+             Key(Qt::Key_Space);
+         }},
         {"choice", 2,
          [] {
              const std::shared_ptr<CInPlaceList> p = CQTEnumDataWidget::g_pInPlaceList;
