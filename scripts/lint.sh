@@ -4,7 +4,7 @@ set -uo pipefail
 failed=0
 library=shared/src/base/inspector
 
-mapfile -t sources < <(find shared examples tests benchmarks fuzz -name '*.h' -o -name '*.cpp' 2>/dev/null | sort)
+mapfile -t sources < <(find shared tools examples tests benchmarks fuzz -name '*.h' -o -name '*.cpp' 2>/dev/null | sort)
 echo "clang-format: ${#sources[@]} files"
 clang-format --dry-run -Werror "${sources[@]}" || failed=1
 
