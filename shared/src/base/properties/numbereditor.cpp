@@ -24,13 +24,14 @@ QVariant CNumberEditor::Value() const
 void CNumberEditor::SetValue(const QVariant& in_value)
 {
     // By text: no number equals NaN, and what differs in no digit does not differ.
-    const bool bChanged = !m_value.isValid() || m_type.Text(m_format, in_value) != m_type.Text(m_format, m_value);
+    const bool bChanged =
+        in_value.isValid() != m_value.isValid() || m_type.Text(m_format, in_value) != m_type.Text(m_format, m_value);
     if (!bChanged && m_type.Text(m_format, Value()) == m_type.Text(m_format, m_value))
     {
         return; // what is typed, like 2+3 for 5, or half of it, stays
     }
     m_value = in_value;
-    m_strShown = m_type.Shown(m_format, m_value);
+    m_strShown = m_value.isValid() ? m_type.Shown(m_format, m_value) : QString();
     lineEdit()->setText(m_strShown);
     if (bChanged)
     {

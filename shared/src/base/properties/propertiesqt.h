@@ -11,18 +11,33 @@
 
 namespace PropertiesQt
 {
+/// How many bytes the values of a type have.
+inline std::size_t SizeOf(const QVariant& in_value)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return static_cast<std::size_t>(in_value.metaType().sizeOf());
+#else
+    return static_cast<std::size_t>(QMetaType::sizeOf(in_value.userType()));
+#endif
+}
+
 /// The number of a value whose type is an enumeration that Qt does not convert.
 inline int EnumNumber(const QVariant& in_value)
 {
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    const int iSize = static_cast<int>(in_value.metaType().sizeOf());
-#else
-    const int iSize = QMetaType::sizeOf(in_value.userType());
-#endif
     int iNumber = 0;
-    const std::size_t uSize = qMin(sizeof iNumber, static_cast<std::size_t>(qMax(iSize, 0)));
-    std::memcpy(&iNumber, in_value.constData(), uSize);
+    std::memcpy(&iNumber, in_value.constData(), qMin(sizeof iNumber, SizeOf(in_value)));
     return iNumber;
+}
+
+/// The value as one of another type, as it is when there is no such.
+inline QVariant Converted(const QVariant& in_value, int in_iType)
+{
+    QVariant converted = in_value;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return converted.convert(QMetaType(in_iType)) ? converted : in_value;
+#else
+    return converted.convert(in_iType) ? converted : in_value;
+#endif
 }
 
 /// Where a mouse event is, in the receiver's coordinates and in global ones.

@@ -323,14 +323,15 @@ QRect CPropertyArea::LabelRect(const sPropertyItem& in_item) const
 QRect CPropertyArea::ValueRect(const sPropertyItem& in_item) const
 {
     const int iColumn = Column() + 1;
-    return Mirrored(QRect(iColumn, in_item.top - m_iOffsetY, RowWidth() - iColumn, in_item.height));
+    const int iWidth = RowWidth() - iColumn - ResetWidth(in_item);
+    return Mirrored(QRect(iColumn, in_item.top - m_iOffsetY, iWidth, in_item.height));
 }
 
 QRect CPropertyArea::PartRect(const sPropertyItem& in_item, int in_iPart) const
 {
     const int iParts = in_item.type ? in_item.type->Parts() : 1;
     const int iColumn = Column() + 1;
-    const int iWidth = RowWidth() - iColumn;
+    const int iWidth = RowWidth() - iColumn - ResetWidth(in_item);
     const int iLeft = iColumn + iWidth * in_iPart / iParts;
     const int iRight = iColumn + iWidth * (in_iPart + 1) / iParts;
     return Mirrored(QRect(iLeft, in_item.top - m_iOffsetY, iRight - iLeft, in_item.height));
@@ -379,6 +380,10 @@ CPropertyArea::sHit CPropertyArea::HitAt(const QPoint& in_position)
     {
         hit.zone = iX < Column() ? sHit::eLabel : sHit::eValue;
     }
+    if (hit.zone == sHit::eValue && ResetRect(*hit.item).contains(in_position))
+    {
+        hit.zone = sHit::eReset;
+    }
     const int iParts = hit.item->type && hit.zone == sHit::eValue ? hit.item->type->Parts() : 1;
     while (hit.part < iParts - 1 && !PartRect(*hit.item, hit.part).contains(in_position))
     {
@@ -402,6 +407,17 @@ void CPropertyArea::SetCurrent(const tItemPtr& in_pItem, int in_iPart)
     {
         Q_EMIT CurrentChanged();
     }
+}
+
+void CPropertyArea::Reveal(const tItemPtr& in_pItem)
+{
+    for (sPropertyItem* pGroup = in_pItem->parent; pGroup; pGroup = pGroup->parent)
+    {
+        pGroup->expanded ? void() : PageChanged();
+        pGroup->expanded = true;
+    }
+    EnsureLayout();
+    SetCurrent(in_pItem, in_pItem == Current() ? m_iPart : 0);
 }
 
 void CPropertyArea::ScrollTo(const sPropertyItem& in_item)

@@ -32,6 +32,7 @@ public:
             eLabel,
             eBorder, ///< between labels and values
             eValue,
+            eReset, ///< the button that resets a modified value
         };
 
         eZone zone = eNothing;
@@ -66,6 +67,11 @@ public:
     /// group.
     void Work(const tItemPtr& in_pItem);
 
+    /// Resets the current row's value; what is being typed is taken over first.
+    /// \return whether there was something to reset
+    bool ResetCurrent();
+    bool CanResetCurrent();
+
     /// Ends the open edit: with what was typed, or with the value from before.
     void TakeOver();
     void Cancel();
@@ -98,6 +104,7 @@ public:
     QRect RowRect(const sPropertyItem& in_item) const;
     QRect ValueRect(const sPropertyItem& in_item) const;
     QRect PartRect(const sPropertyItem& in_item, int in_iPart) const;
+    QRect ResetRect(const sPropertyItem& in_item) const;
     sHit HitAt(const QPoint& in_position);
 
     /// The left edge of the values; -1: as wide as the labels need.
@@ -118,6 +125,7 @@ public:
     void PageChanged() override;
     void ItemChanged(sPropertyItem& in_item) override;
     void AllItemsChanged() override;
+    void Reveal(const std::shared_ptr<sPropertyItem>& in_pItem) override;
 
     // Of the first library's view.
     void RecomputeLayout() override;
@@ -165,6 +173,7 @@ private:
     int IndexOf(const sPropertyItem* in_pItem);
     tItems::const_iterator FirstBelow(int in_iY);
     QRect LabelRect(const sPropertyItem& in_item) const;
+    int ResetWidth(const sPropertyItem& in_item) const;
     QRect Mirrored(const QRect& in_rect) const;
 
     // Folding: propertystate.cpp.
@@ -187,6 +196,8 @@ private:
     void PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart, bool in_bNamed);
     void PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect);
     void PaintCommand(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintReset(QPainter& in_painter, const sPropertyItem& in_item);
+    QFont LabelFont(const sPropertyItem& in_item) const;
     void UpdateCurrent();
     void PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText, const QColor& in_colour);
     QString PartText(const sPropertyItem& in_item, int in_iPart) const;
@@ -201,6 +212,8 @@ private:
     bool ShowTip(const QPoint& in_position, const QPoint& in_global);
     void Press(const sHit& in_hit);
     void DragTo(const QPoint& in_position);
+    bool UndoKey(const QKeyEvent& in_event) const;
+    void UndoOrRedo(const QKeyEvent& in_event);
     bool Navigate(int in_iKey);
     bool WorkKey(const QKeyEvent& in_event);
     bool TypeInto(const QKeyEvent& in_event);
@@ -234,7 +247,8 @@ private:
     int m_iIndent = 0;
     eDrag m_eDrag = eNoDrag;
     QPoint m_dragFrom;
-    QVariant m_dragValue; ///< the value when the drag began
+    QVariant m_dragValue;                       ///< the value when the drag began
+    std::shared_ptr<CPropertyStep> m_pDragStep; ///< what the drag wrote
 };
 
 #endif

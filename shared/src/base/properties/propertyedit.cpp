@@ -2,6 +2,7 @@
 
 #include "propertiesqt.h"
 #include "propertyarea.h"
+#include "propertychange.h"
 #include "propertytype.h"
 
 #include <QApplication>
@@ -12,12 +13,31 @@
 
 #include <algorithm>
 
+namespace
+{
+/// What an edit makes of a property: of several objects each keeps its own other parts and flags.
+QVariant Edited(const CProperty& in_own, const CPropertyType& in_type, int in_iPart, const QVariant& in_before,
+                const QVariant& in_now)
+{
+    if (in_type.Parts() > 1)
+    {
+        return in_type.WithPart(in_own.Read(), in_iPart, in_now);
+    }
+    if (in_own.Format().keys.isFlag() && in_now.toInt() != 0)
+    {
+        const int iToggled = in_before.toInt() ^ in_now.toInt();
+        return (in_own.Read().toInt() & ~iToggled) | (in_now.toInt() & iToggled);
+    }
+    return PropertiesQt::Converted(in_now, in_own.Type());
+}
+} // namespace
+
 CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, int in_iPart)
     : m_pArea(&in_area),
       m_pPage(&in_area.Page()),
       m_pItem(in_pItem),
       m_iPart(in_iPart),
-      m_before(in_pItem->value)
+      m_pStep(std::make_shared<CPropertyStep>())
 {
     const sPropertyEditor editor =
         CPropertyType::Edit(*in_pItem->property, in_iPart, in_area.ItemEditors(), in_area.Content());
@@ -27,7 +47,7 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
     }
     m_pEditor = editor.widget;
     m_editorValue = editor.value;
-    ShowValue(m_before);
+    ShowValue(in_pItem->value);
     if (editor.live)
     {
         const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("OnWorked()"));
@@ -98,9 +118,10 @@ QVariant CPropertyEdit::EditorValue() const
 
 void CPropertyEdit::ShowValue(const QVariant& in_value)
 {
-    const bool bParts = m_pItem->type->Parts() > 1;
+    // Where objects differ, editors that can be empty are: those that take any value.
+    const bool bEmpty = m_pItem->IsMixed(m_iPart) && m_editorValue.userType() == QMetaType::QVariant;
     m_bShowing = true;
-    m_editorValue.write(m_pEditor, bParts ? m_pItem->type->Part(in_value, m_iPart) : in_value);
+    m_editorValue.write(m_pEditor, bEmpty ? QVariant() : m_pItem->type->Part(in_value, m_iPart));
     m_bShowing = false;
     m_shown = EditorValue();
 }
@@ -135,25 +156,30 @@ void CPropertyEdit::Write()
 {
     m_bWritePosted = false;
     const QVariant value = EditorValue();
-    if (!m_pEditor || !m_pPage || value == m_shown)
+    const QVariant before = m_shown;
+    if (!m_pEditor || !m_pPage || CPropertyStep::IsSame(value, before))
     {
         return;
     }
+    if (!value.isValid()) // empty again, as where objects differ
+    {
+        TakeBack();
+        return;
+    }
     m_shown = value;
-    m_bWritten = true;
-    const CPropertyType& type = *m_pItem->type;
-    const QVariant whole = type.Parts() > 1 ? type.WithPart(m_pItem->property->Read(), m_iPart, value) : value;
-    m_pPage->Write(m_pItem->property, whole);
+    const tPropertyPtr pProperty = m_pItem->property;
+    const CPropertyType* pType = m_pItem->type;
+    const int iPart = m_iPart;
+    const auto edited = [=](const CProperty& in_own) { return Edited(in_own, *pType, iPart, before, value); };
+    const auto write = [=](const tPropertyPtr& in_pMember) { return in_pMember->Write(edited(*in_pMember)); };
+    m_pPage->Change(pProperty, edited(*pProperty), write, m_pStep);
 }
 
 void CPropertyEdit::TakeBack()
 {
     m_bWritePosted = false;
     m_shown = EditorValue();
-    if (m_bWritten && m_pPage)
-    {
-        m_pPage->Write(m_pItem->property, m_before);
-    }
+    m_pPage ? m_pPage->TakeBack(m_pItem->property, m_pStep) : void();
 }
 
 /// Leaving for elsewhere in the window ends the edit. While another window is active it stays open, but what was typed

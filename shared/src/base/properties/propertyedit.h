@@ -13,6 +13,7 @@
 
 class CPropertyArea;
 class CPropertyPage;
+class CPropertyStep;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -40,7 +41,7 @@ public:
     /// Writes what the editor holds, if the user has changed it.
     void Write();
 
-    /// Writes the value from before the edit, if anything was written.
+    /// Writes the values from before the edit, if anything was written.
     void TakeBack();
 
 protected:
@@ -65,10 +66,9 @@ private:
     const int m_iPart;
     QPointer<QWidget> m_pEditor;
     QMetaProperty m_editorValue;
-    QVariant m_before;       ///< the row's value when the edit began
-    QVariant m_shown;        ///< what the editor held when it was last in step with the row
-    bool m_bWritten = false; ///< something was
-    bool m_bShowing = false; ///< the editor is being told a value
+    const std::shared_ptr<CPropertyStep> m_pStep; ///< all that was written
+    QVariant m_shown;                             ///< what the editor held when it was last in step with the row
+    bool m_bShowing = false;                      ///< the editor is being told a value
     bool m_bWritePosted = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "propertiesqt.h"
 #include "propertyarea.h"
+#include "propertychange.h"
 #include "propertyedit.h"
 #include "propertytype.h"
 
@@ -191,6 +192,11 @@ void CPropertyArea::Press(const sHit& in_hit)
     {
         return;
     }
+    if (in_hit.zone == sHit::eReset)
+    {
+        ResetCurrent();
+        return;
+    }
     if (in_hit.zone == sHit::eValue || in_hit.zone == sHit::eTitle)
     {
         Work(in_hit.item);
@@ -199,7 +205,9 @@ void CPropertyArea::Press(const sHit& in_hit)
     if (Editable(*in_hit.item) && self && in_hit.item->property)
     {
         m_dragValue = in_hit.item->value;
-        const bool bSteps = in_hit.item->type->Stepped(in_hit.item->property->Format(), m_dragValue, 1).isValid();
+        m_pDragStep = std::make_shared<CPropertyStep>();
+        const bool bSteps = !in_hit.item->mixed &&
+                            in_hit.item->type->Stepped(in_hit.item->property->Format(), m_dragValue, 1).isValid();
         m_eDrag = bSteps ? eDragValue : eNoDrag;
     }
 }
@@ -237,7 +245,7 @@ void CPropertyArea::DragTo(const QPoint& in_position)
     if (pItem && pItem->property)
     {
         const QVariant value = pItem->type->Stepped(pItem->property->Format(), m_dragValue, iSteps);
-        value.isValid() && value != pItem->value ? void(m_page.Write(pItem->property, value)) : void();
+        value.isValid() && value != pItem->value ? void(m_page.Write(pItem->property, value, m_pDragStep)) : void();
     }
 }
 
@@ -268,7 +276,11 @@ bool CPropertyArea::ShowTip(const QPoint& in_position, const QPoint& in_global)
 {
     const sHit hit = HitAt(in_position);
     QStringList lines;
-    if (hit.item && IsCut(hit))
+    if (hit.zone == sHit::eReset)
+    {
+        lines << tr("Reset (Delete)");
+    }
+    else if (hit.item && IsCut(hit))
     {
         lines << (hit.zone == sHit::eValue ? hit.item->text : hit.item->Label()).toHtmlEscaped();
     }
@@ -287,6 +299,11 @@ bool CPropertyArea::event(QEvent* in_pEvent)
         const auto* pHelp = static_cast<QHelpEvent*>(in_pEvent);
         return ShowTip(pHelp->pos(), pHelp->globalPos());
     }
+    if (in_pEvent->type() == QEvent::ShortcutOverride && UndoKey(*static_cast<QKeyEvent*>(in_pEvent)))
+    {
+        in_pEvent->accept(); // the page's own undo before the application's
+        return true;
+    }
     if (in_pEvent->type() == QEvent::LayoutRequest)
     {
         const QPointer<CPropertyArea> self(this);
@@ -299,7 +316,11 @@ bool CPropertyArea::event(QEvent* in_pEvent)
 
 void CPropertyArea::keyPressEvent(QKeyEvent* in_pEvent)
 {
-    if (in_pEvent->matches(QKeySequence::Copy))
+    if (UndoKey(*in_pEvent))
+    {
+        UndoOrRedo(*in_pEvent);
+    }
+    else if (in_pEvent->matches(QKeySequence::Copy))
     {
         Copy();
     }
@@ -399,6 +420,10 @@ bool CPropertyArea::WorkKey(const QKeyEvent& in_event)
     if (iKey == Qt::Key_F2)
     {
         EditCurrent();
+        return true;
+    }
+    if (iKey == Qt::Key_Delete && ResetCurrent())
+    {
         return true;
     }
     const bool bTyped = pItem->type && pItem->type->Work() == CPropertyType::eTyped;

@@ -29,6 +29,8 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
 
     explicit sPropertyItem(eKind in_eKind) : kind(in_eKind) {}
 
+    bool IsMixed(int in_iPart) const { return mixedParts >> in_iPart & 1; }
+
     /// Whether the user can do something with it beyond making it the current one.
     bool IsWorked() const { return kind == eCommand || (kind == eProperty && !property->IsReadOnly()); }
 
@@ -55,6 +57,8 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     QVariant value;                      ///< as of the last Load
     QString text;
     bool mixed = false;
+    quint8 mixedParts = 0; ///< a bit for each part of the value that differs, the first one's is 1
+    bool modified = false;
     bool stale = true; ///< to be loaded before it is painted
 
     // Where it is shown, in pixels of the content.
@@ -86,6 +90,9 @@ public:
 
     /// All are.
     virtual void AllItemsChanged() = 0;
+
+    /// What was undone is to be seen.
+    virtual void Reveal(const std::shared_ptr<sPropertyItem>& in_pItem) = 0;
 };
 
 /// The rows of a page in their order, groups before what they hold.

@@ -1,10 +1,12 @@
 #include "propertypage.h"
 
 #include "propertyitem.h"
+#include "propertymodified.h"
+#include "propertyundo.h"
 
 #include <iterator>
 
-CPropertyPage::CPropertyPage(QObject* in_pParent) : QObject(in_pParent) {}
+CPropertyPage::CPropertyPage(QObject* in_pParent) : QObject(in_pParent), m_pUndo(new CPropertyUndo) {}
 
 CPropertyPage::~CPropertyPage() = default;
 
@@ -49,6 +51,7 @@ void CPropertyPage::Clear()
         StopListening();
         const tItems gone = std::move(m_items);
         m_items.clear();
+        m_pReferences ? m_pReferences->Forget() : void();
         RowsChanged();
         for (const tItemPtr& pItem : gone)
         {
@@ -67,31 +70,6 @@ void CPropertyPage::Refresh()
     {
         m_pClient->AllItemsChanged();
     }
-}
-
-bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value)
-{
-    const QPointer<CPropertyPage> self(this);
-    const tPropertyPtr pProperty = in_pProperty; // the argument may be a row's, which may go meanwhile
-    if (pProperty->IsReadOnly())
-    {
-        return false;
-    }
-    bool bAllowed = true;
-    Q_EMIT ValueAboutToChange(pProperty.get(), in_value, &bAllowed);
-    if (!self || !bAllowed)
-    {
-        return false;
-    }
-    const QVariant before = pProperty->Read();
-    const bool bTaken = pProperty->Write(in_value);
-    const QVariant now = pProperty->Read();
-    if (self)
-    {
-        Refresh();
-        Q_EMIT ValueChanged(pProperty.get(), before, now);
-    }
-    return bTaken;
 }
 
 void CPropertyPage::Run(const tItemPtr& in_pCommand)

@@ -11,7 +11,11 @@
 #include <utility>
 
 class CPropertyPage;
+class CPropertyReferences;
+class CPropertyStep;
+class CPropertyUndo;
 class IPropertyPageClient;
+class QUndoStack;
 class QWidget;
 struct sPropertyItem;
 
@@ -75,6 +79,13 @@ public:
 
     /// Reads the value again before the next paint.
     void Refresh();
+
+    /// Whether the value is another than SetModifiedAgainst compares it with. Reads it.
+    bool IsModified() const;
+
+    /// Gives the value back that SetModifiedAgainst compares it with; without that, the default or what the property's
+    /// RESET function makes. Nothing for what cannot be reset.
+    void Reset();
 
     /// The row's property; null for a command, a widget and a row that is gone.
     tPropertyPtr Property() const;
@@ -185,7 +196,49 @@ public:
     /// \return whether it was taken: not when it is read-only or refused by ValueAboutToChange
     bool Write(const tPropertyPtr& in_pProperty, const QVariant& in_value);
 
+    /// Makes every write a command on this stack: one for all that one edit writes. Undo and redo scroll to the row and
+    /// give every object its own former value, also what else the setter changed of that which the page shows of the
+    /// object. They know no page: what was written stays undoable when the page is cleared or gone, and when an object
+    /// is gone its commands do nothing. What a variable or a function's row writes to must live as long.
+    ///
+    /// Null: no undo, which is how it begins. Not taken over; it may go at any time.
+    void SetUndoStack(QUndoStack* in_pStack);
+
+    /// Gives the page an undo stack of its own, which ends with it. Only then are Ctrl+Z and Ctrl+Shift+Z in the page
+    /// undo and redo: another stack's keys are the application's.
+    QUndoStack& UseOwnUndoStack();
+
+    /// The stack that commands go to; null for none.
+    QUndoStack* UndoStack() const;
+
+    /// What a value is compared with.
+    enum eModifiedAgainst
+    {
+        eNothing,     ///< none is modified, which is how it begins
+        eDefaults,    ///< what CPropertyRow::Default gave; else what the RESET function made when it was last called
+                      ///< here, and until then the first value that the page read
+        eFirstValues, ///< the value that the page read first: before it was shown, or written by the page
+    };
+
+    /// Chooses which values count as modified. Their rows have a bold label, and a button at the end of the value that
+    /// resets it; Delete on the row does too. Read-only values are never modified.
+    void SetModifiedAgainst(eModifiedAgainst in_eAgainst);
+
     /// \internal
+    typedef std::function<bool(const tPropertyPtr& in_pMember)> tWriter; ///< writes to one of a row's properties
+    static std::vector<tPropertyPtr> Members(const tPropertyPtr& in_pProperty);
+    bool Write(const tPropertyPtr& in_pProperty, const QVariant& in_value,
+               const std::shared_ptr<CPropertyStep>& in_pStep);
+    bool Change(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tWriter& in_write,
+                const std::shared_ptr<CPropertyStep>& in_pStep);
+    void TakeBack(const tPropertyPtr& in_pProperty, const std::shared_ptr<CPropertyStep>& in_pStep);
+    void Replay(const tPropertyPtr& in_pProperty, const CPropertyStep& in_step,
+                void (CPropertyStep::*in_pDirection)() const);
+    bool OwnsUndoStack() const;
+    bool Compares() const { return m_pReferences != nullptr; }
+    bool IsModified(const tPropertyPtr& in_pProperty) const;
+    bool CanReset(const tPropertyPtr& in_pProperty) const;
+    bool Reset(const tPropertyPtr& in_pProperty);
     const std::vector<std::shared_ptr<sPropertyItem>>& Items() const { return m_items; }
     void SetClient(IPropertyPageClient* in_pClient) { m_pClient = in_pClient; }
     std::shared_ptr<sPropertyItem> Insert(const std::shared_ptr<sPropertyItem>& in_pItem,
@@ -195,11 +248,13 @@ public:
     void RowsChanged();
 
 Q_SIGNALS:
-    /// A value is about to be written, by the user or Write. Set `io_pAllowed` to false to refuse it. For direct
-    /// connections.
+    /// A value is about to be written or reset, by the user or the application. Set `io_pAllowed` to false to refuse
+    /// it. For direct connections. Invalid: a RESET function is about to be called. Escape, undo and redo do not ask:
+    /// they give back what was allowed before.
     void ValueAboutToChange(CProperty* in_pProperty, const QVariant& in_value, bool* io_pAllowed);
 
-    /// A value was written: what it was before, and what the object made of it.
+    /// A value was changed by an edit, its Escape, Write, reset, undo or redo: what it was before, and what the object
+    /// made of it. Of several objects the first one's values; the property's Members tell the others.
     void ValueChanged(CProperty* in_pProperty, const QVariant& in_before, const QVariant& in_now);
 
 private Q_SLOTS:
@@ -209,6 +264,10 @@ private:
     void AddGroups(const std::vector<PropertySource::sGroup>& in_groups);
     void Listen(sPropertyItem& in_item);
     void StopListening();
+    std::vector<tPropertyPtr> Watched(const tPropertyPtr& in_pProperty) const;
+    bool Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
+                 const std::shared_ptr<CPropertyStep>& in_pStep);
+    void Reveal(const CProperty& in_property);
 
     typedef std::pair<const QObject*, int> tSignal; ///< an object and the number of its signal
 
@@ -221,6 +280,9 @@ private:
     std::vector<std::shared_ptr<sPropertyItem>> m_items;
     std::map<tSignal, sListeners> m_listeners; ///< the rows that a signal is about
     IPropertyPageClient* m_pClient = nullptr;
+    std::unique_ptr<CPropertyUndo> m_pUndo;
+    std::shared_ptr<CPropertyReferences> m_pReferences; ///< null: values are compared with nothing
+    int m_iReplays = 0;                                 ///< how many undos and redos are going on
 };
 
 #endif

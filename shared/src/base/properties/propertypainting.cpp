@@ -27,8 +27,12 @@ void CPropertyArea::Load(sPropertyItem& io_item)
     const QPointer<CPropertyArea> self(this);
     const tItemPtr pItem = io_item.shared_from_this();
     pItem->Load(m_pItemEditors.get());
+    const bool bModified = self && m_page.IsModified(pItem->property);
+    const bool bOther = pItem->modified != bModified;
+    pItem->modified = bModified;
     if (self && m_pEdit && m_pEdit->Item() == pItem)
     {
+        bOther ? m_pEdit->Place() : void(); // beside the button
         m_pEdit->Follow();
     }
 }
@@ -87,11 +91,14 @@ void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item
     else
     {
         const QPalette::ColorRole eRole = bCurrent ? QPalette::HighlightedText : QPalette::Text;
+        in_item.modified ? in_painter.setFont(LabelFont(in_item)) : void();
         PaintText(in_painter, LabelRect(in_item), in_item.Label(), TextColour(eRole));
+        in_item.modified ? in_painter.setFont(font()) : void();
     }
     if (in_item.kind == sPropertyItem::eProperty)
     {
         PaintValue(in_painter, in_item);
+        in_item.modified ? PaintReset(in_painter, in_item) : void();
     }
     PaintGrid(in_painter, in_item);
 }
@@ -209,7 +216,7 @@ QString CPropertyArea::PartText(const sPropertyItem& in_item, int in_iPart) cons
         return in_item.mixed ? g_strDiffer : in_item.text;
     }
     const QVariant part = type.Part(in_item.value, in_iPart);
-    return in_item.mixed ? g_strDiffer : type.PartType(in_iPart).Shown(in_item.property->Format(), part);
+    return in_item.IsMixed(in_iPart) ? g_strDiffer : type.PartType(in_iPart).Shown(in_item.property->Format(), part);
 }
 
 QString CPropertyArea::NamedPart(const sPropertyItem& in_item, int in_iPart) const
@@ -326,5 +333,5 @@ bool CPropertyArea::IsCut(const sHit& in_hit) const
     const bool bValue = in_hit.zone == sHit::eValue && item.kind == sPropertyItem::eProperty;
     const QString strText = bValue ? PartText(item, in_hit.part) : item.Label();
     const QRect rect = bValue ? PartRect(item, in_hit.part).adjusted(g_iPadding, 0, -g_iPadding, 0) : LabelRect(item);
-    return fontMetrics().horizontalAdvance(strText) > rect.width();
+    return QFontMetrics(bValue ? font() : LabelFont(item)).horizontalAdvance(strText) > rect.width();
 }

@@ -1,11 +1,14 @@
 #include "propertysource.h"
 
 #include "propertiesqt.h"
+#include "propertychange.h"
 #include "propertyvalue.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <map>
+#include <unordered_set>
 
 namespace
 {
@@ -54,7 +57,10 @@ public:
 
     bool Write(const QVariant& in_value) override { return m_pObject && m_meta.write(m_pObject, in_value); }
 
-    bool CanReset() const override { return m_pObject && (m_meta.isResettable() || CProperty::CanReset()); }
+    bool CanReset() const override
+    {
+        return m_pObject && !IsReadOnly() && (m_meta.isResettable() || CProperty::CanReset());
+    }
 
     void Reset() override
     {
@@ -120,7 +126,7 @@ public:
 
     QVariant Read() const override { return Plain(m_meta.readOnGadget(m_pGadget), m_meta.isEnumType()); }
     bool Write(const QVariant& in_value) override { return m_meta.writeOnGadget(m_pGadget, in_value); }
-    bool CanReset() const override { return m_meta.isResettable() || CProperty::CanReset(); }
+    bool CanReset() const override { return !IsReadOnly() && (m_meta.isResettable() || CProperty::CanReset()); }
     void Reset() override
     {
         Format().defaultValue.isValid() ? CProperty::Reset() : void(m_meta.resetOnGadget(m_pGadget));
@@ -141,6 +147,7 @@ public:
     {
         SetLabel(m_members.front()->Label());
         EditFormat() = m_members.front()->Format();
+        EditFormat().defaultValue = QVariant(); // each has its own, until the row is given one for all
         SetReadOnly(std::any_of(m_members.begin(), m_members.end(),
                                 [](const tPropertyPtr& in_p) { return in_p->IsReadOnly(); }));
     }
@@ -169,16 +176,17 @@ public:
 
     bool CanReset() const override
     {
-        return std::any_of(m_members.begin(), m_members.end(),
-                           [](const tPropertyPtr& in_p) { return in_p->CanReset(); });
+        return CProperty::CanReset() || std::any_of(m_members.begin(), m_members.end(),
+                                                    [](const tPropertyPtr& in_p) { return in_p->CanReset(); });
     }
 
     void Reset() override
     {
         const std::vector<tPropertyPtr> members = m_members;
+        const QVariant value = Format().defaultValue;
         for (const tPropertyPtr& pMember : members)
         {
-            pMember->Reset();
+            value.isValid() ? void(pMember->Write(value)) : pMember->Reset();
         }
     }
 
@@ -187,7 +195,7 @@ public:
         const QVariant first = Read();
         return std::any_of(m_members.begin(), m_members.end(), [&first](const tPropertyPtr& in_p) {
             const QVariant value = in_p->Read();
-            return value.isValid() && value != first;
+            return value.isValid() && !CPropertyStep::IsSame(value, first);
         });
     }
 
@@ -233,33 +241,39 @@ PropertySource::sGroup OfClass(QObject* in_pObject, const QMetaObject& in_class)
     return group;
 }
 
-/// The property of that name in `in_groups`, null for none.
-tPropertyPtr Find(const std::vector<PropertySource::sGroup>& in_groups, const CProperty& in_wanted)
+typedef std::pair<QString, int> tKey; ///< name and type
+typedef std::map<tKey, tPropertyPtr> tKnown;
+
+tKey KeyOf(const CProperty& in_property)
 {
-    for (const PropertySource::sGroup& group : in_groups)
+    return tKey(in_property.Name(), in_property.Type());
+}
+
+tKnown PropertiesOf(QObject* in_pObject)
+{
+    tKnown known;
+    for (const PropertySource::sGroup& group : PropertySource::OfObject(in_pObject))
     {
         for (const tPropertyPtr& pProperty : group.properties)
         {
-            if (pProperty->Name() == in_wanted.Name() && pProperty->Type() == in_wanted.Type())
-            {
-                return pProperty;
-            }
+            known.emplace(KeyOf(*pProperty), pProperty);
         }
     }
-    return nullptr;
+    return known;
 }
 
-/// One for the property and those of the same name and type in every other object; null when one has none.
-tPropertyPtr SharedBy(const tPropertyPtr& in_pFirst, const std::vector<std::vector<PropertySource::sGroup>>& in_others)
+/// One for the property and those of the same name and type of every other object; null when one has none.
+tPropertyPtr SharedBy(const tPropertyPtr& in_pFirst, const std::vector<tKnown>& in_others)
 {
     std::vector<tPropertyPtr> members{in_pFirst};
-    for (const std::vector<PropertySource::sGroup>& groups : in_others)
+    for (const tKnown& known : in_others)
     {
-        members.push_back(Find(groups, *in_pFirst));
-        if (!members.back())
+        const auto it = known.find(KeyOf(*in_pFirst));
+        if (it == known.end())
         {
             return nullptr;
         }
+        members.push_back(it->second);
     }
     return PropertySource::Shared(std::move(members));
 }
@@ -327,24 +341,22 @@ tPropertyPtr PropertySource::Shared(std::vector<tPropertyPtr> in_members)
 
 std::vector<PropertySource::sGroup> PropertySource::OfObjects(const QList<QObject*>& in_objects)
 {
-    std::vector<std::vector<sGroup>> all;
+    std::unordered_set<QObject*> seen{nullptr};
+    QObject* pFirst = nullptr;
+    std::vector<tKnown> others;
     for (QObject* pObject : in_objects)
     {
-        all.push_back(OfObject(pObject));
+        const bool bNew = seen.insert(pObject).second;
+        bNew&& pFirst ? others.push_back(PropertiesOf(pObject)) : void();
+        pFirst = pFirst ? pFirst : pObject;
     }
-    if (all.empty())
-    {
-        return {};
-    }
-    const std::vector<sGroup> first = std::move(all.front());
-    all.erase(all.begin());
     std::vector<sGroup> shared;
-    for (const sGroup& group : first)
+    for (const sGroup& group : OfObject(pFirst))
     {
         sGroup kept{group.title, {}};
         for (const tPropertyPtr& pProperty : group.properties)
         {
-            if (tPropertyPtr pShared = SharedBy(pProperty, all))
+            if (tPropertyPtr pShared = SharedBy(pProperty, others))
             {
                 kept.properties.push_back(std::move(pShared));
             }

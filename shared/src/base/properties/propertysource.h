@@ -26,7 +26,8 @@ PROPERTIES_EXPORT std::vector<tPropertyPtr> OfGadget(const QMetaObject& in_meta,
 /// One property for several of the same name and type: it reads the first and writes all. None of them may be null.
 PROPERTIES_EXPORT tPropertyPtr Shared(std::vector<tPropertyPtr> in_members);
 
-/// What the objects share: every property of the first that all others have too, by name and type.
+/// What the objects share: every property of the first that all others have too, by name and type. Null and what is
+/// there already count for nothing.
 PROPERTIES_EXPORT std::vector<sGroup> OfObjects(const QList<QObject*>& in_objects);
 } // namespace PropertySource
 

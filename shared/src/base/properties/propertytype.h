@@ -66,7 +66,8 @@ public:
     /// Makes the editor of a property, or of one part of it where its kind has several: that of its format, else the
     /// application's (null: not asked), else the library's. It is a child of `in_pParent`, and hidden.
     ///
-    /// The property `value` is written before the editor is shown. What it reads right after that stands for "not
+    /// The property `value` is written before the editor is shown; an invalid one, to those that take a QVariant, where
+    /// several objects differ. What it reads right after that stands for "not
     /// changed": some editors cannot show every value. For a text that stands for no value it reads the last one that
     /// did. Numbers, dates and texts being typed are told by no signal; steps, choices and dialogs are.
     static sPropertyEditor Edit(const CProperty& in_property, int in_iPart, const CItemEditors* in_pEditors,

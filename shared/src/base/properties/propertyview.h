@@ -56,6 +56,9 @@ public:
     void SetFilterVisible(bool in_bVisible);
     bool IsFilterVisible() const;
 
+    /// Makes every edit a command on this stack, see CPropertyPage::SetUndoStack.
+    void SetUndoStack(QUndoStack* in_pStack) { m_pPage->SetUndoStack(in_pStack); }
+
     /// The left edge of the values in pixels; -1: as wide as the labels need.
     int LabelColumn() const;
     void SetLabelColumn(int in_iWidth);

@@ -26,7 +26,7 @@ QVariant CTextEditor::Value() const
 
 void CTextEditor::SetValue(const QVariant& in_value)
 {
-    const QString strText = m_type.Text(m_format, in_value);
+    const QString strText = in_value.isValid() ? m_type.Text(m_format, in_value) : QString();
     const bool bChanged = !m_value.isValid() || strText != m_type.Text(m_format, m_value);
     if (!bChanged && m_type.Text(m_format, Value()) == strText)
     {

@@ -18,6 +18,8 @@ public:
 
     /// What is typed, where it stands for a value, else the last value.
     QVariant Value() const;
+
+    /// Invalid: nothing is shown, and is the value until something is typed.
     void SetValue(const QVariant& in_value);
 
 Q_SIGNALS:

@@ -1,0 +1,217 @@
+/// How a page writes values, and takes back what it wrote.
+/// \file
+
+#include "propertychange.h"
+#include "propertyitem.h"
+#include "propertymodified.h"
+#include "propertypage.h"
+#include "propertyundo.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace
+{
+/// What some properties were, to be compared with what they are after a write.
+class CPropertyWatch
+{
+public:
+    explicit CPropertyWatch(const std::vector<tPropertyPtr>& in_properties)
+    {
+        for (const tPropertyPtr& pProperty : in_properties)
+        {
+            m_watched.push_back({pProperty, pProperty->Read(), QVariant()});
+        }
+    }
+
+    const std::vector<sPropertyChange>& Watched() const { return m_watched; }
+
+    /// What has another value now. What died has none, and is no change that could be taken back.
+    CPropertyStep Changes()
+    {
+        CPropertyStep changes;
+        for (sPropertyChange& watched : m_watched)
+        {
+            watched.now = watched.property->Read();
+            watched.now.isValid() ? changes.Add(watched) : void();
+        }
+        return changes;
+    }
+
+private:
+    std::vector<sPropertyChange> m_watched;
+};
+} // namespace
+
+std::vector<tPropertyPtr> CPropertyPage::Members(const tPropertyPtr& in_pProperty)
+{
+    std::vector<tPropertyPtr> members;
+    for (CProperty* pMember : in_pProperty->Members())
+    {
+        members.push_back(tPropertyPtr(in_pProperty, pMember));
+    }
+    return members;
+}
+
+/// The properties that a write may change: those written and, with undo, all else that the page shows of their objects.
+std::vector<tPropertyPtr> CPropertyPage::Watched(const tPropertyPtr& in_pProperty) const
+{
+    std::vector<tPropertyPtr> watched = Members(in_pProperty);
+    std::unordered_set<const QObject*> objects;
+    std::unordered_set<const CProperty*> known;
+    for (const tPropertyPtr& pMember : watched)
+    {
+        objects.insert(pMember->Object());
+        known.insert(pMember.get());
+    }
+    objects.erase(nullptr);
+    const bool bAll = (m_pUndo->Stack() || m_pReferences) && !objects.empty();
+    for (auto it = m_items.begin(); bAll && it != m_items.end(); ++it)
+    {
+        const bool bWritten = (*it)->property && !(*it)->property->IsReadOnly();
+        for (const tPropertyPtr& pMember : bWritten ? Members((*it)->property) : std::vector<tPropertyPtr>())
+        {
+            const bool bNew = objects.count(pMember->Object()) && known.insert(pMember.get()).second;
+            bNew ? watched.push_back(pMember) : void();
+        }
+    }
+    return watched;
+}
+
+bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value)
+{
+    return Write(in_pProperty, in_value, std::make_shared<CPropertyStep>());
+}
+
+bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tPropertyStepPtr& in_pStep)
+{
+    const QVariant value = in_value;
+    const auto write = [value](const tPropertyPtr& in_pMember) { return in_pMember->Write(value); };
+    return Change(in_pProperty, value, write, in_pStep);
+}
+
+bool CPropertyPage::Change(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tWriter& in_write,
+                           const tPropertyStepPtr& in_pStep)
+{
+    const QPointer<CPropertyPage> self(this);
+    const tPropertyPtr pProperty = in_pProperty; // the argument may be a row's, which may go meanwhile
+    const tPropertyStepPtr pStep = in_pStep;
+    bool bAllowed = !pProperty->IsReadOnly();
+    if (bAllowed)
+    {
+        Q_EMIT ValueAboutToChange(pProperty.get(), in_value, &bAllowed);
+    }
+    const auto writeAll = [&] {
+        bool bTaken = false;
+        for (const tPropertyPtr& pMember : Members(pProperty))
+        {
+            bTaken = in_write(pMember) || bTaken;
+        }
+        return bTaken;
+    };
+    return self && bAllowed && Perform(pProperty, writeAll, pStep);
+}
+
+void CPropertyPage::TakeBack(const tPropertyPtr& in_pProperty, const tPropertyStepPtr& in_pStep)
+{
+    const tPropertyPtr pProperty = in_pProperty;
+    const tPropertyStepPtr pStep = in_pStep;
+    if (!pStep->IsEmpty())
+    {
+        Perform(
+            pProperty, [&] { return pStep->Undo(), true; }, pStep);
+    }
+}
+
+/// Lets `in_write` write, puts what came of it on the stack and tells of it. The arguments are the caller's own.
+bool CPropertyPage::Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
+                            const tPropertyStepPtr& in_pStep)
+{
+    const QPointer<CPropertyPage> self(this);
+    const std::shared_ptr<CPropertyReferences> pReferences = m_pReferences;
+    CPropertyWatch watch(Watched(in_pProperty));
+    for (const sPropertyChange& watched : watch.Watched())
+    {
+        pReferences ? pReferences->Note(watched.property, watched.before) : void();
+    }
+    const QVariant before = in_pProperty->Read();
+    const bool bTaken = in_write();
+    const QVariant now = in_pProperty->Read();
+    const CPropertyStep changes = watch.Changes();
+    in_pStep->Add(changes);
+    if (self)
+    {
+        Refresh();
+    }
+    if (self && !changes.IsEmpty())
+    {
+        const bool bUndo = m_pUndo->Stack() && m_iReplays == 0;
+        bUndo ? m_pUndo->Push(*this, in_pProperty, changes, in_pStep) : void();
+    }
+    if (self && !changes.IsEmpty())
+    {
+        Q_EMIT ValueChanged(in_pProperty.get(), before, now);
+    }
+    return bTaken;
+}
+
+void CPropertyPage::Replay(const tPropertyPtr& in_pProperty, const CPropertyStep& in_step,
+                           void (CPropertyStep::*in_pDirection)() const)
+{
+    const QPointer<CPropertyPage> self(this);
+    const tPropertyPtr pProperty = in_pProperty;
+    const QVariant before = pProperty->Read();
+    ++m_iReplays; // what is written meanwhile comes of this, and is no step of its own
+    (in_step.*in_pDirection)();
+    const QVariant now = pProperty->Read();
+    if (self)
+    {
+        Refresh();
+        Reveal(*pProperty);
+    }
+    if (self)
+    {
+        Q_EMIT ValueChanged(pProperty.get(), before, now);
+    }
+    self ? void(--m_iReplays) : void();
+}
+
+/// Scrolls to the row of a property, also when the page was filled anew since it was written.
+void CPropertyPage::Reveal(const CProperty& in_property)
+{
+    const auto isSame = [&](const tItemPtr& in_pItem) {
+        const CProperty* pProperty = in_pItem->property.get();
+        return pProperty == &in_property ||
+               (pProperty && in_property.Object() && pProperty->Name() == in_property.Name() &&
+                pProperty->Object() == in_property.Object());
+    };
+    const auto it = std::find_if(m_items.begin(), m_items.end(), isSame);
+    if (m_pClient && it != m_items.end())
+    {
+        m_pClient->Reveal(tItemPtr(*it));
+    }
+}
+
+void CPropertyPage::SetUndoStack(QUndoStack* in_pStack)
+{
+    m_pUndo->SetStack(in_pStack, false);
+}
+
+QUndoStack& CPropertyPage::UseOwnUndoStack()
+{
+    if (!m_pUndo->IsOwn())
+    {
+        m_pUndo->SetStack(new QUndoStack, true);
+    }
+    return *m_pUndo->Stack();
+}
+
+QUndoStack* CPropertyPage::UndoStack() const
+{
+    return m_pUndo->Stack();
+}
+
+bool CPropertyPage::OwnsUndoStack() const
+{
+    return m_pUndo->IsOwn();
+}
