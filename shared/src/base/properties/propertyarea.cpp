@@ -417,7 +417,7 @@ void CPropertyArea::Reveal(const tItemPtr& in_pItem)
         pGroup->expanded = true;
     }
     EnsureLayout();
-    SetCurrent(in_pItem, in_pItem == Current() ? m_iPart : 0);
+    in_pItem->height > 0 && in_pItem != Current() ? SetCurrent(in_pItem) : ScrollTo(*in_pItem);
 }
 
 void CPropertyArea::ScrollTo(const sPropertyItem& in_item)

@@ -17,6 +17,7 @@ class CPropertyUndo;
 class IPropertyPageClient;
 class QUndoStack;
 class QWidget;
+struct sPropertyChange;
 struct sPropertyItem;
 
 /// One row of a page, to say more about it. A small value that may be copied and kept: once the row is gone its
@@ -267,6 +268,7 @@ private:
     std::vector<tPropertyPtr> Watched(const tPropertyPtr& in_pProperty) const;
     bool Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
                  const std::shared_ptr<CPropertyStep>& in_pStep);
+    void Note(const std::vector<sPropertyChange>& in_properties);
     void Reveal(const CProperty& in_property);
 
     typedef std::pair<const QObject*, int> tSignal; ///< an object and the number of its signal
@@ -282,6 +284,7 @@ private:
     IPropertyPageClient* m_pClient = nullptr;
     std::unique_ptr<CPropertyUndo> m_pUndo;
     std::shared_ptr<CPropertyReferences> m_pReferences; ///< null: values are compared with nothing
+    std::shared_ptr<CPropertyStep> m_pWriting;          ///< what is just being written; null for nothing
     int m_iReplays = 0;                                 ///< how many undos and redos are going on
 };
 

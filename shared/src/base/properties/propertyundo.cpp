@@ -14,9 +14,9 @@ const int g_iCommandId = 0x50726f70; ///< no number that an application gives it
 class CPropertyCommand final : public QUndoCommand
 {
 public:
-    CPropertyCommand(CPropertyPage& in_page, const tPropertyPtr& in_pProperty, const CPropertyStep& in_changes,
+    CPropertyCommand(CPropertyPage* in_pPage, const tPropertyPtr& in_pProperty, const CPropertyStep& in_changes,
                      const tPropertyStepPtr& in_pStep)
-        : m_pPage(&in_page),
+        : m_pPage(in_pPage),
           m_pProperty(in_pProperty),
           m_changes(in_changes),
           m_pStep(in_pStep)
@@ -80,8 +80,8 @@ void CPropertyUndo::SetStack(QUndoStack* in_pStack, bool in_bOwn)
     m_bOwn = in_bOwn;
 }
 
-void CPropertyUndo::Push(CPropertyPage& in_page, const tPropertyPtr& in_pProperty, const CPropertyStep& in_changes,
-                         const tPropertyStepPtr& in_pStep) const
+void CPropertyUndo::Push(QUndoStack& io_stack, CPropertyPage* in_pPage, const tPropertyPtr& in_pProperty,
+                         const CPropertyStep& in_changes, const tPropertyStepPtr& in_pStep)
 {
-    m_pStack->push(new CPropertyCommand(in_page, in_pProperty, in_changes, in_pStep));
+    io_stack.push(new CPropertyCommand(in_pPage, in_pProperty, in_changes, in_pStep));
 }

@@ -24,10 +24,10 @@ public:
     bool IsOwn() const { return m_pStack && m_bOwn; }
     void SetStack(QUndoStack* in_pStack, bool in_bOwn);
 
-    /// Puts what has just been written on the stack, together with what the same step wrote before. What hears of it
-    /// may do anything.
-    void Push(CPropertyPage& in_page, const tPropertyPtr& in_pProperty, const CPropertyStep& in_changes,
-              const tPropertyStepPtr& in_pStep) const;
+    /// Puts on a stack what was just written, together with what the same step wrote before. Null: the page is gone.
+    /// What hears of it may do anything.
+    static void Push(QUndoStack& io_stack, CPropertyPage* in_pPage, const tPropertyPtr& in_pProperty,
+                     const CPropertyStep& in_changes, const tPropertyStepPtr& in_pStep);
 
 private:
     QPointer<QUndoStack> m_pStack;

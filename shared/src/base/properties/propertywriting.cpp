@@ -128,31 +128,38 @@ bool CPropertyPage::Perform(const tPropertyPtr& in_pProperty, const std::functio
                             const tPropertyStepPtr& in_pStep)
 {
     const QPointer<CPropertyPage> self(this);
-    const std::shared_ptr<CPropertyReferences> pReferences = m_pReferences;
+    const QPointer<QUndoStack> pStack(m_iReplays == 0 && !m_pWriting ? m_pUndo->Stack() : nullptr);
+    const tPropertyStepPtr pOuter = m_pWriting;
+    const tPropertyStepPtr pChanges = std::make_shared<CPropertyStep>();
     CPropertyWatch watch(Watched(in_pProperty));
-    for (const sPropertyChange& watched : watch.Watched())
-    {
-        pReferences ? pReferences->Note(watched.property, watched.before) : void();
-    }
+    Note(watch.Watched());
     const QVariant before = in_pProperty->Read();
+    m_pWriting = pChanges; // a setter that writes is part of the same step
     const bool bTaken = in_write();
+    self ? void(m_pWriting = pOuter) : void();
+    pChanges->Add(watch.Changes());
+    in_pStep->Add(*pChanges);
+    pOuter ? pOuter->Add(*pChanges) : void();
     const QVariant now = in_pProperty->Read();
-    const CPropertyStep changes = watch.Changes();
-    in_pStep->Add(changes);
-    if (self)
+    self ? Refresh() : void();
+    if (pStack && !pChanges->IsEmpty())
     {
-        Refresh();
+        CPropertyUndo::Push(*pStack, self, in_pProperty, *pChanges, in_pStep);
     }
-    if (self && !changes.IsEmpty())
-    {
-        const bool bUndo = m_pUndo->Stack() && m_iReplays == 0;
-        bUndo ? m_pUndo->Push(*this, in_pProperty, changes, in_pStep) : void();
-    }
-    if (self && !changes.IsEmpty())
+    if (self && !pChanges->IsEmpty())
     {
         Q_EMIT ValueChanged(in_pProperty.get(), before, now);
     }
     return bTaken;
+}
+
+/// Values that are about to be written over are first values.
+void CPropertyPage::Note(const std::vector<sPropertyChange>& in_properties)
+{
+    for (const sPropertyChange& property : in_properties)
+    {
+        m_pReferences ? m_pReferences->Note(property.property, property.before) : void();
+    }
 }
 
 void CPropertyPage::Replay(const tPropertyPtr& in_pProperty, const CPropertyStep& in_step,

@@ -1,0 +1,599 @@
+#undef QT_NO_CAST_FROM_ASCII
+#undef QT_NO_CAST_TO_ASCII
+#include "propertyitem.h"
+#include "propertyview.h"
+#include "testsupport.h"
+
+#include <QPointF>
+#include <QUndoStack>
+
+#include <random>
+
+namespace
+{
+/// Something to be edited, whose setters round, refuse and mind each other.
+class CThing : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text MEMBER m_strText NOTIFY Changed)
+    Q_PROPERTY(int limit READ Limit WRITE SetLimit NOTIFY Changed)
+    Q_PROPERTY(int value READ Value WRITE SetValue NOTIFY Changed)
+    Q_PROPERTY(int even READ Even WRITE SetEven RESET ResetEven NOTIFY Changed)
+    Q_PROPERTY(double real READ Real WRITE SetReal NOTIFY Changed)
+    Q_PROPERTY(bool box MEMBER m_bBox NOTIFY Changed)
+    Q_PROPERTY(QPointF place MEMBER m_place NOTIFY Changed)
+    Q_PROPERTY(Qt::Alignment sides MEMBER m_eSides NOTIFY Changed)
+
+public:
+    explicit CThing(const QString& in_strText, int in_iEven = 4) : m_strText(in_strText), m_iEven(in_iEven) {}
+
+    int Limit() const { return m_iLimit; }
+    int Value() const { return m_iValue; }
+    int Even() const { return m_iEven; }
+    double Real() const { return m_real; }
+
+    void SetLimit(int in_iLimit)
+    {
+        m_iLimit = in_iLimit;
+        SetValue(m_iValue);
+    }
+
+    void SetValue(int in_iValue)
+    {
+        m_iValue = qMin(in_iValue, m_iLimit);
+        Tell();
+    }
+
+    void SetEven(int in_iEven)
+    {
+        m_iEven = in_iEven / 2 * 2;
+        Tell();
+    }
+
+    void SetReal(double in_real)
+    {
+        m_real = in_real;
+        Tell();
+    }
+
+    void ResetEven() { SetEven(100); }
+
+    /// All that it is.
+    QByteArray Bytes() const
+    {
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        stream << m_strText << m_iLimit << m_iValue << m_iEven << m_real << m_bBox << m_place << int(m_eSides);
+        return bytes;
+    }
+
+    std::function<void()> m_hook; ///< what a setter does, once
+
+Q_SIGNALS:
+    void Changed();
+
+private:
+    void Tell()
+    {
+        const std::function<void()> hook = std::move(m_hook);
+        m_hook = nullptr;
+        hook ? hook() : Q_EMIT Changed();
+    }
+
+    QString m_strText;
+    int m_iLimit = 50;
+    int m_iValue = 40;
+    int m_iEven = 4;
+    double m_real = 0;
+    bool m_bBox = false;
+    QPointF m_place{1, 2};
+    Qt::Alignment m_eSides = Qt::AlignLeft | Qt::AlignTop;
+};
+
+/// A page of two things that differ here and there, and what the user does to it.
+struct sBench
+{
+    explicit sBench(int in_iThings = 2) : view(new CPropertyView(&window))
+    {
+        second->setProperty("place", QPointF(1, 7));
+        second->setProperty("sides", int(Qt::AlignRight | Qt::AlignTop));
+        view->resize(400, 500);
+        view->Page().SetUndoStack(stack);
+        in_iThings == 1 ? view->ShowObject(first) : view->ShowObjects({first, second});
+    }
+
+    ~sBench() { delete stack; }
+
+    CPropertyRow Row(const QString& in_strName) const
+    {
+        for (const tItemPtr& pItem : view->Page().Items())
+        {
+            if (pItem->property && pItem->property->Name() == in_strName)
+            {
+                return CPropertyRow(&view->Page(), pItem);
+            }
+        }
+        return CPropertyRow();
+    }
+
+    QWidget* Area() const { return view->focusProxy(); }
+
+    /// Words: a row to be made current ("value:"), something else that happens ("!undo"), a key ("Return"), a text.
+    void Do(const QString& in_strScript)
+    {
+        for (const QString& strWord : in_strScript.split(' '))
+        {
+            strWord.endsWith(':')     ? GoTo(strWord.chopped(1))
+            : strWord.startsWith('!') ? Act(strWord.mid(1))
+                                      : Press(strWord);
+            QCoreApplication::processEvents(); // what is worked is written from the loop, and then painted
+        }
+    }
+
+    void GoTo(const QString& in_strRow) const
+    {
+        if (view)
+        {
+            Area()->setFocus();
+            view->SetCurrentRow(Row(in_strRow));
+        }
+    }
+
+    static void Press(const QString& in_strKey)
+    {
+        if (QWidget* pFocus = QApplication::focusWidget())
+        {
+            in_strKey.at(0).isUpper() ? QTest::keySequence(pFocus, QKeySequence(in_strKey))
+                                      : QTest::keyClicks(pFocus, in_strKey);
+        }
+    }
+
+    void Act(const QString& in_strAct)
+    {
+        const std::map<QString, std::function<void()>> acts = {
+            {"undo", [this] { stack->undo(); }},
+            {"redo", [this] { stack->redo(); }},
+            {"saved", [this] { stack->setClean(); }},
+            {"push", [this] { stack->push(new QUndoCommand("other")); }},
+            {"rebuild",
+             [this] {
+                 view->ShowObjects({second, first});
+             }},
+            {"clear", [this] { view->Page().Clear(); }},
+            {"drag", [this] { Drag(); }},
+            {"zero", [this] { view->Page().Write(Row("real").Property(), -0.0); }},
+            {"press", [this] { QTest::mouseClick(Area(), Qt::LeftButton, Qt::NoModifier, ButtonPlace()); }},
+            {"flags", [] { QApplication::focusWidget()->setProperty("value", int(Qt::AlignTop | Qt::AlignJustify)); }},
+            {"nested", [this] { first->m_hook = [this] { view->Page().Write(Row("text").Property(), "nested"); }; }},
+        };
+        acts.at(in_strAct)();
+    }
+
+    /// On the label of the current row.
+    void Drag() const
+    {
+        const QPoint label(9, view->ValueRect(view->CurrentRow()).center().y());
+        QTest::mousePress(Area(), Qt::LeftButton, Qt::NoModifier, label);
+        QTest::mouseMove(Area(), label + QPoint(20, 0));
+        QTest::mouseMove(Area(), label + QPoint(40, 0));
+        QTest::mouseRelease(Area(), Qt::LeftButton, Qt::NoModifier, label);
+    }
+
+    /// Beside the current row's value.
+    QPoint ButtonPlace() const
+    {
+        const QRect value = view->ValueRect(view->CurrentRow());
+        return QPoint(value.right() + value.height() / 2, value.center().y());
+    }
+
+    QByteArray Bytes() const
+    {
+        return (first ? first->Bytes() : QByteArray()) + (second ? second->Bytes() : QByteArray());
+    }
+
+    QString Steps() const
+    {
+        QStringList texts;
+        for (int i = 0; i < stack->count(); ++i)
+        {
+            texts << stack->text(i).remove("Change ");
+        }
+        return texts.join(' ');
+    }
+
+    void UndoAll() const
+    {
+        while (stack && stack->canUndo())
+        {
+            stack->undo();
+        }
+    }
+
+    void RedoAll() const
+    {
+        while (stack && stack->canRedo())
+        {
+            stack->redo();
+        }
+    }
+
+    bool Open()
+    {
+        QApplication::clipboard()->setText("77");
+        window.resize(400, 500);
+        view->Page().SetUndoStack(stack);
+        return TestSupport::ShowWindow(&window);
+    }
+
+    /// What the rows show as modified.
+    QString Modified() const
+    {
+        QStringList names;
+        for (const tItemPtr& pItem : view->Page().Items())
+        {
+            names << (CPropertyRow(&view->Page(), pItem).IsModified() ? QStringList(pItem->property->Name())
+                                                                      : QStringList());
+        }
+        return names.join(' ');
+    }
+
+    QWidget window;
+    QPointer<CPropertyView> view;
+    QPointer<QUndoStack> stack = new QUndoStack;
+    std::unique_ptr<CThing> ownFirst{new CThing("one")};
+    std::unique_ptr<CThing> ownSecond{new CThing("two", 6)};
+    QPointer<CThing> first = ownFirst.get();
+    QPointer<CThing> second = ownSecond.get();
+};
+} // namespace
+
+class UndoTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { TestSupport::FailOnWarnings(); }
+    void Steps_data();
+    void Steps();
+    void Programs();
+    void Deaths_data();
+    void Deaths();
+    void Keys();
+    void Several_data();
+    void Several();
+    void Modified_data();
+    void Modified();
+};
+
+/// What is done, and the steps that it leaves with one thing and with two.
+void UndoTest::Steps_data()
+{
+    const struct
+    {
+        const char* m_strName;
+        const char* m_strScript;
+        const char* m_strSteps;
+        const char* m_strStepsOfTwo = nullptr;
+    } cases[] = {
+        {"typed", "value: F2 7 Return", "value"},
+        {"stepped", "value: F2 Up Up Up Return", "value"},
+        {"stepped and typed", "value: F2 Up Up 7 Return", "value"},
+        {"two edits", "value: F2 7 Return value: F2 8 Return", "value value"},
+        {"Escape", "value: F2 Down Down Escape", ""},
+        {"Escape from what is typed", "value: F2 7 Escape", ""},
+        {"back where it was", "value: F2 Down Up Return", ""},
+        {"a drag", "real: !drag", "real"},
+        {"rounded", "even: F2 9 Return", "even"},
+        {"rounded to what it was", "even: F2 4 Return even: F2 5 Return", "", "even"},
+        {"the same again", "value: F2 40 Return", ""},
+        {"box", "box: Space Space Space", "box box box"},
+        {"part", "place: Right F2 9 Return", "place"},
+        {"flags", "sides: F2 !flags Return", "sides"},
+        {"a zero's sign", "!zero", "real"},
+        {"pasted", "value: Ctrl+V text: Ctrl+V", "value text"},
+        {"reset", "even: Delete", "Reset even"},
+        {"a limit that takes others along", "limit: F2 5 Return", "limit"},
+        {"what was taken along is edited", "limit: F2 5 Return value: F2 3 Return", "limit value"},
+        {"a setter that writes", "!nested value: F2 7 Return", "value"},
+        {"filled anew", "value: F2 7 Return !rebuild text: F2 x Return", "value text"},
+        {"cleared", "value: F2 7 Return !clear", "value"},
+        {"undone", "value: F2 7 Return !undo text: F2 x Return", "text"},
+        {"undone under an open edit", "value: F2 Down !undo Down Return", "value"},
+        {"undone under an open edit, then Escape", "text: F2 x Return value: F2 Down !undo Escape !undo !redo",
+         "text value"},
+        {"something else meanwhile", "value: F2 Down !push Down Return", "value other value"},
+        {"saved meanwhile", "value: F2 Down !saved Down Return", "value value"},
+    };
+    QTest::addColumn<int>("things");
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("steps");
+    for (const auto& row : cases)
+    {
+        QTest::newRow(row.m_strName) << 1 << row.m_strScript << row.m_strSteps;
+        QTest::addRow("%s, two things", row.m_strName)
+            << 2 << row.m_strScript << (row.m_strStepsOfTwo ? row.m_strStepsOfTwo : row.m_strSteps);
+    }
+}
+
+void UndoTest::Steps()
+{
+    QFETCH(int, things);
+    QFETCH(QString, script);
+    QFETCH(QString, steps);
+    sBench bench(things);
+    QVERIFY(bench.Open());
+    bench.view->Page().SetModifiedAgainst(CPropertyPage::eDefaults);
+    const QByteArray first = bench.Bytes();
+    bench.Do(script);
+    QCOMPARE(bench.Steps(), steps);
+    bench.RedoAll();
+    const QByteArray last = bench.Bytes();
+    QCOMPARE(last == first, steps.isEmpty());
+    bench.UndoAll();
+    QCOMPARE(bench.Bytes(), first);
+    bench.RedoAll();
+    QCOMPARE(bench.Bytes(), last);
+}
+
+/// After whatever was done, undoing everything gives back every value.
+void UndoTest::Programs()
+{
+    const char* const acts[] = {"value: F2 7 Return",
+                                "value: F2 Up Down Down Escape",
+                                "limit: F2 5 Return",
+                                "limit: F2 90 Return",
+                                "even: F2 9 Return",
+                                "even: Delete",
+                                "real: !drag",
+                                "box: Space",
+                                "place: F2 3 Return",
+                                "place: Right F2 4 Tab",
+                                "sides: F2 !flags Return",
+                                "text: F2 x Up Return",
+                                "text: Ctrl+V",
+                                "!undo",
+                                "!redo",
+                                "!undo",
+                                "!rebuild",
+                                "!nested value: Ctrl+V",
+                                "value: F2 Down !undo Down",
+                                "value: Delete"};
+    std::minstd_rand random(7);
+    for (int i = 0; i < 60; ++i)
+    {
+        sBench bench(1 + i % 2);
+        QVERIFY(bench.Open());
+        bench.view->Page().SetModifiedAgainst(i % 3 ? CPropertyPage::eFirstValues : CPropertyPage::eDefaults);
+        const QByteArray first = bench.Bytes();
+        QStringList program;
+        for (int iStep = 0; iStep < 12; ++iStep)
+        {
+            program << acts[random() % std::size(acts)];
+            bench.Do(program.last());
+        }
+        bench.view->TakeOver();
+        const QByteArray last = bench.Bytes();
+        const int iIndex = bench.stack->index();
+        bench.UndoAll();
+        QVERIFY2(bench.Bytes() == first, qPrintable(program.join(" | ")));
+        bench.stack->setIndex(iIndex);
+        QVERIFY2(bench.Bytes() == last, qPrintable(program.join(" | ")));
+    }
+}
+
+/// Where the application is called while something is done, and what it does there.
+void UndoTest::Deaths_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::addColumn<QString>("deed");
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<bool>("own");
+    for (const char* strPlace : {"setter", "about", "changed", "index"})
+    {
+        for (const char* strDeed : {"rebuild", "clear", "object", "view", "nested", "stack"})
+        {
+            for (const char* strScript : {"value: F2 7 Return", "value: F2 Down Down Escape", "even: Delete", "!undo",
+                                          "!undo !redo", "value: F2 7 Tab !undo !redo"})
+            {
+                if (strDeed == QByteArray("nested") && strchr(strScript, '!'))
+                {
+                    continue; // what is written while something is undone is no step
+                }
+                const bool bInStack = strDeed == QByteArray("stack") &&
+                                      (strPlace == QByteArray("index") || strchr(strScript, '!')); // is Qt's matter
+                for (const bool bOwn : {false, true})
+                {
+                    bInStack || (bOwn && strDeed == QByteArray("stack"))
+                        ? void()
+                        : void(QTest::addRow("%s in %s: %s%s", strDeed, strPlace, strScript, bOwn ? ", own" : "")
+                               << strPlace << strDeed << strScript << bOwn);
+                }
+            }
+        }
+    }
+}
+
+/// Nothing is touched that is gone, and what is left can be undone.
+void UndoTest::Deaths()
+{
+    QFETCH(QString, place);
+    QFETCH(QString, deed);
+    QFETCH(QString, script);
+    QFETCH(bool, own);
+    sBench bench;
+    QVERIFY(bench.Open());
+    bench.view->Page().SetModifiedAgainst(CPropertyPage::eDefaults);
+    const QByteArray second = bench.second->Bytes();
+    if (own)
+    {
+        delete bench.stack;
+        bench.stack = &bench.view->Page().UseOwnUndoStack();
+    }
+    bench.Do("even: F2 8 Return");
+    bool bDone = false;
+    const std::map<QString, std::function<void()>> deeds = {
+        {"rebuild", [&] { bench.Act("rebuild"); }},
+        {"clear", [&] { bench.Act("clear"); }},
+        {"object", [&] { bench.ownFirst.reset(); }},
+        {"view", [&] { delete bench.view; }},
+        {"nested", [&] { bench.view->Page().Write(bench.Row("text").Property(), "nested"); }},
+        {"stack", [&] { delete bench.stack; }},
+    };
+    const auto act = [&] { std::exchange(bDone, true) ? void() : deeds.at(deed)(); };
+    CPropertyPage& page = bench.view->Page();
+    place == "setter"  ? void(bench.first->m_hook = act)
+    : place == "about" ? void(connect(&page, &CPropertyPage::ValueAboutToChange, this, act))
+    : place == "index" ? void(connect(bench.stack, &QUndoStack::indexChanged, this, act))
+                       : void(connect(&page, &CPropertyPage::ValueChanged, this, act));
+    for (const QString& strPart : script.split(' '))
+    {
+        bench.view || (bench.stack && strPart.startsWith('!')) ? bench.Do(strPart) : void();
+    }
+    bench.view ? bench.view->TakeOver() : void();
+    bench.UndoAll();
+    QVERIFY(bDone || (place == "about" && script.startsWith('!')) || bench.first->m_hook);
+    QVERIFY(!bench.stack || bench.second->Bytes() == second);
+}
+
+/// The page's own stack is worked by keys in the page, another one is not.
+void UndoTest::Keys()
+{
+    sBench bench;
+    QVERIFY(bench.Open());
+    const QByteArray first = bench.Bytes();
+    bench.Do("value: F2 7 Return Ctrl+Z");
+    QVERIFY(bench.Bytes() != first);
+    const QUndoStack& own = bench.view->Page().UseOwnUndoStack();
+    bench.Do("value: F2 8 Return");
+    const QByteArray last = bench.Bytes();
+    bench.Do("text: F2 x Return box: Ctrl+Z");
+    QCOMPARE(bench.view->CurrentRow().Property()->Name(), "text"); // it is to be seen
+    bench.Do("Ctrl+Z Ctrl+Shift+Z");
+    QCOMPARE(bench.Bytes(), last);
+    QCOMPARE(own.index(), 1);
+    bench.view->SetUndoStack(nullptr);
+    bench.Do("value: F2 9 Return Ctrl+Z value: F2 Up Escape");
+    QCOMPARE(bench.first->Value(), 9);
+}
+
+/// What two things differ in, what is done, and what each is then.
+void UndoTest::Several_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QVariant>("first");
+    QTest::addColumn<QVariant>("second");
+    const auto Flags = [](Qt::Alignment in_eFlags) { return QVariant(int(in_eFlags)); };
+    QTest::newRow("looked at") << "text: F2 Return even: F2 Return place: F2 Tab Return"
+                               << "even" << QVariant(4) << QVariant(6);
+    QTest::newRow("text of the first") << "text: F2 one Return"
+                                       << "text" << QVariant("one") << QVariant("one");
+    QTest::newRow("text of the first, by Tab") << "text: F2 one Tab"
+                                               << "text" << QVariant("one") << QVariant("one");
+    QTest::newRow("number of the first") << "even: F2 4 Return"
+                                         << "even" << QVariant(4) << QVariant(4);
+    QTest::newRow("zero") << "even: F2 0 Return"
+                          << "even" << QVariant(0) << QVariant(0);
+    QTest::newRow("no number") << "even: F2 x Return"
+                               << "even" << QVariant(4) << QVariant(6);
+    QTest::newRow("drag") << "even: !drag"
+                          << "even" << QVariant(4) << QVariant(6);
+    QTest::newRow("same part") << "place: F2 9 Return"
+                               << "place" << QVariant(QPointF(9, 2)) << QVariant(QPointF(9, 7));
+    QTest::newRow("other part") << "place: Right F2 9 Return"
+                                << "place" << QVariant(QPointF(1, 9)) << QVariant(QPointF(1, 9));
+    QTest::newRow("other part is the first's") << "place: Right F2 2 Return"
+                                               << "place" << QVariant(QPointF(1, 2)) << QVariant(QPointF(1, 2));
+    QTest::newRow("flags") << "sides: F2 !flags Return"
+                           << "sides" << Flags(Qt::AlignTop | Qt::AlignJustify)
+                           << Flags(Qt::AlignRight | Qt::AlignTop | Qt::AlignJustify);
+    QTest::newRow("box") << "box: Space"
+                         << "box" << QVariant(true) << QVariant(true);
+    QTest::newRow("one is gone") << "!dies text: F2 x Return"
+                                 << "text" << QVariant("x") << QVariant();
+}
+
+void UndoTest::Several()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, row);
+    QFETCH(QVariant, first);
+    QFETCH(QVariant, second);
+    sBench bench;
+    QVERIFY(bench.Open());
+    bench.second->setProperty("box", true);
+    script.startsWith("!dies") ? bench.ownSecond.reset() : void();
+    QCoreApplication::processEvents();
+    const sPropertyItem& item = *bench.Row("place").Item();
+    QCOMPARE(item.IsMixed(0), false);
+    QCOMPARE(item.IsMixed(1), !script.startsWith("!dies"));
+    bench.Do(script.remove("!dies "));
+    QCOMPARE(bench.Row(row).Property()->Members().front()->Read(), first);
+    QCOMPARE(bench.Row(row).Property()->Members().back()->Read(), second);
+}
+
+/// What values are compared with, what is done, which rows are modified then, and a value.
+void UndoTest::Modified_data()
+{
+    QTest::addColumn<int>("against");
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("modified");
+    QTest::addColumn<QVariant>("value");
+    const int iNothing = CPropertyPage::eNothing;
+    const int iDefaults = CPropertyPage::eDefaults;
+    const int iFirst = CPropertyPage::eFirstValues;
+    QTest::newRow("nothing") << iNothing << "value: F2 7 Return value: Delete"
+                             << "" << QVariant(7);
+    QTest::newRow("defaults") << iDefaults << "text: F2 x Return"
+                              << "value" << QVariant(40);
+    QTest::newRow("to the default") << iDefaults << "value: F2 7 Return"
+                                    << "" << QVariant(7);
+    QTest::newRow("Delete") << iDefaults << "value: Delete"
+                            << "" << QVariant(7);
+    QTest::newRow("Delete, undone") << iDefaults << "value: Delete !undo"
+                                    << "value" << QVariant(40);
+    QTest::newRow("button") << iDefaults << "value: !press"
+                            << "" << QVariant(7);
+    QTest::newRow("button under an open edit") << iDefaults << "value: F2 9 !press"
+                                               << "" << QVariant(7);
+    QTest::newRow("other rows have no button") << iDefaults << "text: !press box: !press"
+                                               << "value" << QVariant(40);
+    QTest::newRow("function") << iDefaults << "value: Delete even: F2 8 Return"
+                              << "even" << QVariant(7);
+    QTest::newRow("function, reset") << iDefaults << "value: Delete even: F2 8 Return Delete"
+                                     << "" << QVariant(7);
+    QTest::newRow("function, first value") << iDefaults << "value: Delete even: Delete F2 4 Return"
+                                           << "even" << QVariant(7);
+    QTest::newRow("first values") << iFirst << "value: Down"
+                                  << "" << QVariant(40);
+    QTest::newRow("first values, edited") << iFirst << "limit: F2 5 Return"
+                                          << "limit value" << QVariant(5);
+    QTest::newRow("first values, reset") << iFirst << "limit: F2 5 Return Delete value: Delete"
+                                         << "" << QVariant(40);
+    QTest::newRow("first values, filled anew") << iFirst << "value: F2 9 Return !rebuild"
+                                               << "" << QVariant(9);
+    QTest::newRow("first values, stepped") << iFirst << "value: F2 Down"
+                                           << "value" << QVariant(39);
+}
+
+void UndoTest::Modified()
+{
+    QFETCH(int, against);
+    QFETCH(QString, script);
+    QFETCH(QString, modified);
+    QFETCH(QVariant, value);
+    sBench bench;
+    QVERIFY(bench.Open());
+    bench.Row("value").Default(7.0);
+    bench.view->Page().SetModifiedAgainst(static_cast<CPropertyPage::eModifiedAgainst>(against));
+    QCoreApplication::processEvents();
+    bench.Do(script);
+    QCOMPARE(bench.Modified(), modified);
+    QCOMPARE(bench.first->Value(), value.toInt());
+    QCOMPARE(bench.second->Value(), value.toInt());
+    bench.UndoAll();
+    QCOMPARE(bench.second->Value(), 40);
+}
+
+INSPECTOR_TEST_MAIN(UndoTest)
+#include "undotest.moc"
