@@ -58,7 +58,7 @@ class Demo:
 
     def find(self, role, name):
         def matches(node):
-            return node.getRoleName() == role and node.name == name
+            return node.getRoleName() == role and node.name == name and has(node, pyatspi.STATE_SHOWING)
 
         return self.wait(f"{role} {name}", lambda: pyatspi.findDescendant(self.application, matches))
 
@@ -86,6 +86,13 @@ def act(node):
     assert node.queryAction().doAction(0)
 
 
+def check(rows, expected):
+    for name, *wanted in expected:
+        row = rows[name]
+        told = [row.getRoleName(), text_of(row), row.description]
+        assert told == wanted, (name, told)
+
+
 def ask_rows(demo):
     """The page of rows that are widgets: label, role, value, groups, and how it is worked."""
     act(demo.find("page tab", "Rows"))
@@ -103,10 +110,7 @@ def ask_rows(demo):
         ("styleSheet", "text", "", "QWidget"),
         ("ImhDate", "check box", None, "QWidget, inputMethodHints"),
     ]
-    for name, role, value, groups in expected:
-        row = rows[name]
-        told = (row.getRoleName(), text_of(row), row.description)
-        assert told == (role, value, groups), (name, told)
+    check(rows, expected)
     order = [child.name for child in form]
     assert order.index("class") < order.index("hide") < order.index("value") < order.index("ImhDate")
     assert has(rows["tracking"], pyatspi.STATE_CHECKED) and not has(rows["ImhDate"], pyatspi.STATE_CHECKED)
@@ -145,6 +149,52 @@ def ask_rows(demo):
     demo.wait("hidden content", lambda: not has(rows["minimum"], pyatspi.STATE_VISIBLE))
 
 
+def ask_page(demo):
+    """The property page, whose rows are no widgets."""
+    act(demo.find("page tab", "Properties"))
+    demo.key("F6")  # selects a slider
+    form = demo.wait("the form", lambda: demo.find("text", "tickInterval").parent)
+    rows = {child.name: child for child in form}
+    expected = [
+        ("QAbstractSlider", "panel", None, ""),
+        ("tickPosition", "combo box", "NoTicks", ""),
+        ("value", "text", "40", ""),
+        ("tracking", "check box", None, ""),
+        ("geometry", "text", "20, 20, 280, 15", ""),
+        ("cursor", "label", "ArrowCursor", ""),
+    ]
+    check(rows, expected)
+    assert has(rows["tracking"], pyatspi.STATE_CHECKED) and not has(rows["invertedControls"], pyatspi.STATE_CHECKED)
+    assert has(rows["minimum"], pyatspi.STATE_EDITABLE) and has(rows["width"], pyatspi.STATE_READ_ONLY)
+    assert not has(rows["toolTip"], pyatspi.STATE_SHOWING)
+    above, below = (rows[name].queryComponent().getExtents(0) for name in ("minimum", "maximum"))
+    assert below.y == above.y + above.height and below.x == above.x
+
+    demo.heard.clear()
+    act(rows["tracking"])
+    demo.hear("focused", "tracking")
+    demo.wait("no check mark", lambda: not has(rows["tracking"], pyatspi.STATE_CHECKED))
+    demo.key("Down")
+    demo.hear("focused", "orientation")
+    demo.key("Down")
+    demo.hear("focused", "invertedAppearance")
+    demo.key("space")
+    demo.hear("checked", "invertedAppearance")
+    act(rows["value"])
+    demo.hear("focused", "value")
+    demo.wait("an editor", lambda: focused(demo, "spin button", "value"))
+    demo.key("7")
+    demo.key("5")
+    demo.key("Return")
+    demo.wait("75", lambda: text_of(rows["value"]) == "75" and text_of(rows["sliderPosition"]) == "75")
+    count = form.childCount
+    act(rows["QAbstractSlider"])
+    demo.wait("a folded group", lambda: has(rows["QAbstractSlider"], pyatspi.STATE_COLLAPSED))
+    demo.wait("fewer rows", lambda: form.childCount < count and "value" not in {child.name for child in form})
+    demo.key("F6")  # selects another object
+    demo.wait("other rows", lambda: "suffix" in {child.name for child in form})
+
+
 def focused(demo, role, name):
     def matches(node):
         return node.getRoleName() == role and node.name == name and has(node, pyatspi.STATE_FOCUSED)
@@ -152,7 +202,7 @@ def focused(demo, role, name):
     return pyatspi.findDescendant(demo.application, matches)
 
 
-SECTIONS = {"rows": ask_rows}
+SECTIONS = {"rows": ask_rows, "page": ask_page}
 
 if __name__ == "__main__":
     for section in sys.argv[2:] or SECTIONS:

@@ -1,11 +1,12 @@
 #include "propertyarea.h"
 
 #include "inspectorcontroller.h"
+#include "propertyaccessible.h"
 #include "propertyedit.h"
 #include "propertytype.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QStyle>
 
 #include <algorithm>
@@ -48,6 +49,12 @@ CPropertyArea::CPropertyArea(CPropertyPage& in_page)
     setAttribute(Qt::WA_InputMethodEnabled);
     Measure();
     m_page.SetClient(this);
+    PropertyAccessible::Install();
+}
+
+QWidget* CPropertyArea::Editor() const
+{
+    return m_pEdit ? m_pEdit->Editor() : nullptr;
 }
 
 CPropertyArea::~CPropertyArea()
@@ -204,6 +211,7 @@ void CPropertyArea::RecomputeLayout()
         m_iFitting = FittingColumn(false);
     }
     UpdateView();
+    PropertyAccessible::TellRows(*this);
     OnContentHeightSet();
 }
 
@@ -236,7 +244,7 @@ void CPropertyArea::PlaceWidgets()
     {
         pItem->widget ? AdoptWidget(*pItem) : void();
     }
-    if (m_pEdit && m_pEdit->Editor())
+    if (Editor())
     {
         m_pEdit->Place();
     }
@@ -405,6 +413,7 @@ void CPropertyArea::SetCurrent(const tItemPtr& in_pItem, int in_iPart)
     }
     if (pBefore != in_pItem)
     {
+        PropertyAccessible::TellCurrent(*this);
         Q_EMIT CurrentChanged();
     }
 }
@@ -429,4 +438,20 @@ void CPropertyArea::ScrollTo(const sPropertyItem& in_item)
     }
     const int iEnd = in_item.top + in_item.height;
     m_pScrollBar->setValue(std::min(in_item.top, std::max(m_iOffsetY, iEnd - height())));
+}
+
+void CPropertyArea::focusInEvent(QFocusEvent* in_pEvent)
+{
+    const bool bByTab = in_pEvent->reason() == Qt::TabFocusReason || in_pEvent->reason() == Qt::BacktabFocusReason;
+    if (bByTab && !Current())
+    {
+        MoveCurrent(in_pEvent->reason() == Qt::TabFocusReason ? -1 : 1);
+    }
+    UpdateCurrent();
+    PropertyAccessible::TellCurrent(*this);
+}
+
+void CPropertyArea::focusOutEvent(QFocusEvent*)
+{
+    UpdateCurrent();
 }

@@ -97,6 +97,9 @@ public:
 
     void ScrollTo(const sPropertyItem& in_item);
 
+    /// The open editor, null for none.
+    QWidget* Editor() const;
+
     /// Whether the keyboard works this page.
     bool IsActive() const { return hasFocus() || m_pEdit; }
 
@@ -153,6 +156,8 @@ protected:
     bool focusNextPrevChild(bool in_bNext) override;
 
 private:
+    friend class CAccessibleArea;
+
     enum eDrag
     {
         eNoDrag,

@@ -53,7 +53,9 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
         const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("OnWorked()"));
         connect(m_pEditor, m_editorValue.notifySignal(), this, slot);
     }
-    m_pEditor->setAccessibleName(in_pItem->Label());
+    const QString strName = in_pItem->property->Format().accessibleName;
+    m_pEditor->setAccessibleName(strName.isEmpty() ? in_pItem->Label() : strName);
+    m_pEditor->setAccessibleDescription(in_pItem->Tip());
     qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* in_pNow) { OnFocusChanged(in_pNow); });
     Place();

@@ -486,21 +486,6 @@ bool CPropertyArea::focusNextPrevChild(bool in_bNext)
 }
 
 /// The base would repaint the whole page: only the current row looks different.
-void CPropertyArea::focusInEvent(QFocusEvent* in_pEvent)
-{
-    const bool bByTab = in_pEvent->reason() == Qt::TabFocusReason || in_pEvent->reason() == Qt::BacktabFocusReason;
-    if (bByTab && !Current())
-    {
-        MoveCurrent(in_pEvent->reason() == Qt::TabFocusReason ? -1 : 1);
-    }
-    UpdateCurrent();
-}
-
-void CPropertyArea::focusOutEvent(QFocusEvent*)
-{
-    UpdateCurrent();
-}
-
 /// The value as text, as a typed edit would read it.
 void CPropertyArea::Copy()
 {

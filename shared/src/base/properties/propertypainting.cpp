@@ -1,6 +1,7 @@
 /// How the rows are painted.
 /// \file
 
+#include "propertyaccessible.h"
 #include "propertyarea.h"
 #include "propertyedit.h"
 #include "propertytype.h"
@@ -26,10 +27,15 @@ void CPropertyArea::Load(sPropertyItem& io_item)
     }
     const QPointer<CPropertyArea> self(this);
     const tItemPtr pItem = io_item.shared_from_this();
+    const QString strBefore = pItem->text;
     pItem->Load(m_pItemEditors.get());
     const bool bModified = self && m_page.IsModified(pItem->property);
     const bool bOther = pItem->modified != bModified;
     pItem->modified = bModified;
+    if (self && pItem->text != strBefore)
+    {
+        PropertyAccessible::TellValue(*this, *pItem);
+    }
     if (self && m_pEdit && m_pEdit->Item() == pItem)
     {
         bOther ? m_pEdit->Place() : void(); // beside the button

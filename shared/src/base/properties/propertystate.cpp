@@ -1,5 +1,6 @@
 #include "propertystate.h"
 
+#include "propertyaccessible.h"
 #include "propertyarea.h"
 
 #include <QCryptographicHash>
@@ -100,6 +101,7 @@ void CPropertyArea::SetExpanded(sPropertyItem& in_item, bool in_bExpand)
     if (self)
     {
         Keep(*pItem, in_bExpand);
+        PropertyAccessible::TellExpanded(*this, *pItem);
         LayOutSoon();
         LeaveFolded();
     }
