@@ -172,11 +172,13 @@ struct sBench
     /// On the label of the current row.
     void Drag() const
     {
+        QWindow* pWindow = window.windowHandle();
         const QPoint label(9, view->ValueRect(view->CurrentRow()).center().y());
-        QTest::mousePress(Area(), Qt::LeftButton, Qt::NoModifier, label);
-        QTest::mouseMove(Area(), label + QPoint(20, 0));
-        QTest::mouseMove(Area(), label + QPoint(40, 0));
-        QTest::mouseRelease(Area(), Qt::LeftButton, Qt::NoModifier, label);
+        const QPoint place = view->mapTo(&window, label);
+        QTest::mousePress(pWindow, Qt::LeftButton, Qt::NoModifier, place);
+        QTest::mouseMove(pWindow, place + QPoint(20, 0));
+        QTest::mouseMove(pWindow, place + QPoint(40, 0));
+        QTest::mouseRelease(pWindow, Qt::LeftButton, Qt::NoModifier, place + QPoint(40, 0));
     }
 
     /// Beside the current row's value.

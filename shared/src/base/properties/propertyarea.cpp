@@ -422,8 +422,7 @@ void CPropertyArea::Reveal(const tItemPtr& in_pItem)
 {
     for (sPropertyItem* pGroup = in_pItem->parent; pGroup; pGroup = pGroup->parent)
     {
-        pGroup->expanded ? void() : PageChanged();
-        pGroup->expanded = true;
+        pGroup->expanded ? void() : (Keep(*pGroup, true), LayOutSoon());
     }
     EnsureLayout();
     in_pItem->height > 0 && in_pItem != Current() ? SetCurrent(in_pItem) : ScrollTo(*in_pItem);

@@ -130,7 +130,7 @@ void CPropertyEdit::ShowValue(const QVariant& in_value)
 
 void CPropertyEdit::Follow()
 {
-    if (m_pEditor && EditorValue() == m_shown)
+    if (m_pEditor && CPropertyStep::IsSame(EditorValue(), m_shown))
     {
         ShowValue(m_pItem->value);
     }

@@ -53,7 +53,8 @@ std::vector<tPropertyPtr> CPropertyPage::Members(const tPropertyPtr& in_pPropert
     return members;
 }
 
-/// The properties that a write may change: those written and, with undo, all else that the page shows of their objects.
+/// The properties that a write may change: those written and, where that matters, all else that the page shows of
+/// their objects.
 std::vector<tPropertyPtr> CPropertyPage::Watched(const tPropertyPtr& in_pProperty) const
 {
     std::vector<tPropertyPtr> watched = Members(in_pProperty);
@@ -65,7 +66,7 @@ std::vector<tPropertyPtr> CPropertyPage::Watched(const tPropertyPtr& in_pPropert
         known.insert(pMember.get());
     }
     objects.erase(nullptr);
-    const bool bAll = (m_pUndo->Stack() || m_pReferences) && !objects.empty();
+    const bool bAll = (m_pUndo->Stack() || (m_pReferences && m_pReferences->AgainstFirst())) && !objects.empty();
     for (auto it = m_items.begin(); bAll && it != m_items.end(); ++it)
     {
         const bool bWritten = (*it)->property && !(*it)->property->IsReadOnly();
