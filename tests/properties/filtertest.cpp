@@ -124,6 +124,24 @@ private Q_SLOTS:
         QVERIFY(TestSupport::WaitUntil([&] { return page.IsShown(other) && page.Shown().isEmpty(); }));
     }
 
+    void OnlyModified()
+    {
+        sPage page;
+        page.view.Page().SetModifiedAgainst(CPropertyPage::eFirstValues);
+        page.view.Page().Write(page.rows[0].Property(), QStringLiteral("other"));
+        page.view.Page().Write(page.rows[2].Property(), false);
+        page.view.SetOnlyModified(true);
+        QCOMPARE(page.Shown(), QStringLiteral("NO"));
+        page.view.SetFilter(QStringLiteral("lamp"));
+        QCOMPARE(page.Shown(), QStringLiteral("N"));
+        page.rows[0].Reset();
+        QCOMPARE(page.Shown(), QStringLiteral("N"));
+        page.view.SetFilter(QString());
+        page.view.SetOnlyModified(false);
+        page.view.SetOnlyModified(true);
+        QCOMPARE(page.Shown(), QStringLiteral("O"));
+    }
+
     void FoldedGroupsOpen()
     {
         sPage page;

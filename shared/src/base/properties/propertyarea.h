@@ -16,6 +16,7 @@ class CItemEditors;
 class CPropertyControls;
 class CPropertyEdit;
 class QItemEditorFactory;
+class QMenu;
 
 class CPropertyArea : public CQTInspectorView, public IPropertyPageClient
 {
@@ -138,6 +139,8 @@ public:
 Q_SIGNALS:
     void CurrentChanged();
     void LinkActivated(QObject* in_pObject);
+    void MenuAboutToShow(QMenu* io_pMenu, const CPropertyRow& in_row);
+    void FilterWanted();
 
 protected:
     bool event(QEvent* in_pEvent) override;
@@ -149,6 +152,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* in_pEvent) override;
     void mouseDoubleClickEvent(QMouseEvent* in_pEvent) override;
     void keyPressEvent(QKeyEvent* in_pEvent) override;
+    void contextMenuEvent(QContextMenuEvent* in_pEvent) override;
     void inputMethodEvent(QInputMethodEvent* in_pEvent) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery in_eQuery) const override;
     void focusInEvent(QFocusEvent* in_pEvent) override;
@@ -227,8 +231,20 @@ private:
     bool Editable(sPropertyItem& in_item);
     bool Enter(const tItemPtr& in_pItem, int in_iPart);
     void Follow(const sPropertyItem& in_item);
-    void Copy();
-    void Paste();
+
+    // Copying, pasting and the menu: propertymenu.cpp.
+    void Copy(const tItemPtr& in_pItem);
+    void CopyRow(const tItemPtr& in_pItem);
+    void CopyGroup(const tItemPtr& in_pItem);
+    void CopyPage();
+    void CopyPageAsJson();
+    QVariant Pasted(const tItemPtr& in_pItem);
+    void Paste(const tItemPtr& in_pItem);
+    void PastePage();
+    void Reset(const tItemPtr& in_pItem);
+    void OpenMenuOfCurrent();
+    void OpenMenu(const tItemPtr& in_pItem, const QPoint& in_global);
+    void FillMenu(const tItemPtr& in_pItem, bool in_bFits);
 
     CPropertyPage& m_page;
     std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
@@ -241,6 +257,7 @@ private:
     tItems m_shown;                            ///< from the top
     tItems m_widgets;                          ///< the rows that are widgets
     const sPropertyItem* m_pPressed = nullptr; ///< the command that the mouse holds down
+    QPointer<QMenu> m_pMenu;                   ///< while it is open
     QColor m_gridColour;
     std::weak_ptr<sPropertyItem> m_current;
     int m_iPart = 0;

@@ -23,10 +23,6 @@ QChar Folded(QChar in_char)
     return in_char.toCaseFolded();
 }
 
-bool IsModified(const sPropertyItem&)
-{
-    return true;
-}
 } // namespace
 
 bool CPropertyFilter::SetText(const QString& in_strText)
@@ -56,7 +52,7 @@ bool CPropertyFilter::SetOnlyModified(bool in_bOnlyModified)
         return false;
     }
     m_bOnlyModified = in_bOnlyModified;
-    IsOn() ? void(m_bApplied = false) : Forget();
+    Forget();
     return true;
 }
 
@@ -144,7 +140,7 @@ void CPropertyFilter::Apply(const tItems& in_items)
     {
         sPropertyItem& item = *in_items[u];
         found[u] |= IsOn() && m_parents[u] >= 0 ? found[static_cast<std::size_t>(m_parents[u])] : 0;
-        item.filtered = found[u] != ulAll || (m_bOnlyModified && !IsModified(item));
+        item.filtered = found[u] != ulAll || (m_bOnlyModified && !item.modified);
         item.revealed = false;
     }
     for (std::size_t u = IsOn() ? found.size() : 0; u-- > 0;)

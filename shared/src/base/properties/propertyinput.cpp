@@ -8,7 +8,6 @@
 #include "propertytype.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -316,17 +315,24 @@ bool CPropertyArea::event(QEvent* in_pEvent)
 
 void CPropertyArea::keyPressEvent(QKeyEvent* in_pEvent)
 {
+    const tItemPtr pItem = IndexOf(Current().get()) < 0 ? nullptr : Current();
+    const bool bMenu = in_pEvent->key() == Qt::Key_Menu ||
+                       (in_pEvent->key() == Qt::Key_F10 && in_pEvent->modifiers() == Qt::ShiftModifier);
     if (UndoKey(*in_pEvent))
     {
         UndoOrRedo(*in_pEvent);
     }
-    else if (in_pEvent->matches(QKeySequence::Copy))
+    else if (pItem && in_pEvent->matches(QKeySequence::Copy))
     {
-        Copy();
+        Copy(pItem);
     }
-    else if (in_pEvent->matches(QKeySequence::Paste))
+    else if (pItem && in_pEvent->matches(QKeySequence::Paste))
     {
-        Paste();
+        Paste(pItem);
+    }
+    else if (bMenu)
+    {
+        OpenMenuOfCurrent();
     }
     else if (!(in_pEvent->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)))
     {
@@ -483,28 +489,4 @@ bool CPropertyArea::focusNextPrevChild(bool in_bNext)
         return true;
     }
     return CQTInspectorView::focusNextPrevChild(in_bNext);
-}
-
-/// The base would repaint the whole page: only the current row looks different.
-/// The value as text, as a typed edit would read it.
-void CPropertyArea::Copy()
-{
-    const tItemPtr pItem = Current();
-    if (pItem && pItem->property)
-    {
-        Load(*pItem);
-        QApplication::clipboard()->setText(pItem->type->Text(pItem->property->Format(), pItem->value));
-    }
-}
-
-void CPropertyArea::Paste()
-{
-    const tItemPtr pItem = Current();
-    if (pItem && pItem->property && !pItem->property->IsReadOnly())
-    {
-        Load(*pItem);
-        const QString strText = QApplication::clipboard()->text();
-        const QVariant value = pItem->type->FromText(pItem->property->Format(), strText, pItem->value);
-        value.isValid() ? void(m_page.Write(pItem->property, value)) : void();
-    }
 }

@@ -152,6 +152,10 @@ public:
     /// Shows the title alone, or what it holds too.
     CPropertyGroup& Expand(bool in_bExpand = true);
 
+    /// What CPropertyPage::Text and Json tell, of this group alone.
+    QString Text() const;
+    QByteArray Json() const;
+
     /// What the title's tool tip says.
     CPropertyGroup& Tip(const QString& in_strTip);
 
@@ -225,6 +229,21 @@ public:
     /// resets it; Delete on the row does too. Read-only values are never modified.
     void SetModifiedAgainst(eModifiedAgainst in_eAgainst);
 
+    /// Every value as text: a line with the label, a tab and the value as it is typed, after a line with the title
+    /// where one begins. Texts with tabs, line ends or quotes are quoted, as spreadsheets do it. Values that differ
+    /// among objects are left out.
+    QString Text() const;
+
+    /// Every value as a JSON object by the names of the properties, with an object for each titled group. Truth values
+    /// and numbers are such in JSON, all else is as it is typed. Of several with one name in a group the first is told.
+    QByteArray Json() const;
+
+    /// Gives the values that Text or Json told, of this page or of another object's, to those of the same name or
+    /// label, rather under the same title than under another; all that changes is one step of the undo stack. Read-only
+    /// values stay. What has no place here, does not fit or is refused is told by PasteRefused.
+    /// \return false when there was no value in the text
+    bool Paste(const QString& in_strText);
+
     /// \internal
     typedef std::function<bool(const tPropertyPtr& in_pMember)> tWriter; ///< writes to one of a row's properties
     static std::vector<tPropertyPtr> Members(const tPropertyPtr& in_pProperty);
@@ -258,6 +277,9 @@ Q_SIGNALS:
     /// made of it. Of several objects the first one's values; the property's Members tell the others.
     void ValueChanged(CProperty* in_pProperty, const QVariant& in_before, const QVariant& in_now);
 
+    /// After Paste, what was not taken: names or labels.
+    void PasteRefused(const QStringList& in_names);
+
 private Q_SLOTS:
     void OnNotified();
 
@@ -270,6 +292,7 @@ private:
                  const std::shared_ptr<CPropertyStep>& in_pStep);
     void Note(const std::vector<sPropertyChange>& in_properties);
     void Reveal(const CProperty& in_property);
+    void WriteAll(const std::vector<std::pair<tPropertyPtr, QVariant>>& in_changes, QStringList in_refused);
 
     typedef std::pair<const QObject*, int> tSignal; ///< an object and the number of its signal
 

@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QVBoxLayout>
 
 CPropertyView::CPropertyView(QWidget* in_pParent)
@@ -25,6 +26,8 @@ CPropertyView::CPropertyView(QWidget* in_pParent)
     // From the event loop: what reading the values does then never meets the line's own code half way.
     connect(
         m_pFilterLine, &QLineEdit::textChanged, this, [this] { ApplyFilter(); }, Qt::QueuedConnection);
+    connect(m_pArea, &CPropertyArea::MenuAboutToShow, this, &CPropertyView::MenuAboutToShow);
+    connect(m_pArea, &CPropertyArea::FilterWanted, this, &CPropertyView::EnterFilter);
     connect(m_pArea, &CPropertyArea::CurrentChanged, this, &CPropertyView::CurrentRowChanged);
     connect(m_pArea, &CPropertyArea::LinkActivated, this, &CPropertyView::LinkActivated);
 }
@@ -84,7 +87,17 @@ void CPropertyView::SetFilter(const QString& in_strWords)
 
 void CPropertyView::ApplyFilter()
 {
-    m_pArea->SetFilter(m_pFilterLine->text());
+    m_pArea->SetFilter(m_pFilterLine->text(), IsOnlyModified());
+}
+
+void CPropertyView::SetOnlyModified(bool in_bOnlyModified)
+{
+    m_pArea->SetFilter(m_pFilterLine->text(), in_bOnlyModified);
+}
+
+bool CPropertyView::IsOnlyModified() const
+{
+    return m_pArea->Filter().IsOnlyModified();
 }
 
 QString CPropertyView::Filter() const
@@ -178,7 +191,7 @@ QByteArray CPropertyView::SaveState() const
     state.expanded = m_pArea->ExpandedGroups();
     state.labelColumn = LabelColumn();
     state.filter = Filter();
-    state.onlyModified = m_pArea->Filter().IsOnlyModified();
+    state.onlyModified = IsOnlyModified();
     state.filterVisible = IsFilterVisible();
     return state.Save();
 }
@@ -193,7 +206,8 @@ bool CPropertyView::RestoreState(const QByteArray& in_state)
     m_pArea->SetExpandedGroups(state.expanded);
     SetLabelColumn(state.labelColumn);
     m_pFilterLine->setVisible(state.filterVisible);
-    SetFilter(state.filter);
+    m_pFilterLine->setText(state.filter);
+    SetOnlyModified(state.onlyModified);
     return true;
 }
 

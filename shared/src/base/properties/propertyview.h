@@ -7,6 +7,7 @@
 
 class CPropertyArea;
 class QLineEdit;
+class QMenu;
 class QItemEditorFactory;
 
 /// A widget that shows the properties of objects, or whatever else its page is filled with, and lets the user edit
@@ -51,6 +52,11 @@ public:
     void SetFilter(const QString& in_strWords);
     QString Filter() const;
 
+    /// Leaves out what is not modified as well, see CPropertyPage::SetModifiedAgainst. A row that is reset meanwhile
+    /// stays until the filter or the page changes.
+    void SetOnlyModified(bool in_bOnlyModified);
+    bool IsOnlyModified() const;
+
     /// The line above the page in which the user types the filter. Ctrl+F shows it; Escape empties and hides it, as
     /// hiding it here does.
     void SetFilterVisible(bool in_bVisible);
@@ -86,6 +92,10 @@ Q_SIGNALS:
 
     /// The user follows a property that is another object.
     void LinkActivated(QObject* in_pObject);
+
+    /// The menu of a row (of none: under the last one) is about to show: by the right button, the menu key or
+    /// Shift+F10. Actions may be added and taken away; those added belong to the menu, which is deleted when it closes.
+    void MenuAboutToShow(QMenu* io_pMenu, const CPropertyRow& in_row);
 
 protected:
     bool event(QEvent* in_pEvent) override;
