@@ -32,7 +32,7 @@ CMainWindow::CMainWindow()
     connect(&m_inspector, SIGNAL(PageRebuilt()), m_pHost, SLOT(LayOutNewPage()));
     CreateMenu();
 #ifdef WITH_PROPERTIES
-    m_pTabs->insertTab(0, new CPropertyTab(*m_pStage, *menuBar()), QLatin1String("Properties"));
+    m_pTabs->insertTab(0, new CPropertyTab(*m_pStage, *this), QLatin1String("Properties"));
     m_pTabs->setCurrentIndex(0);
 #endif
     resize(780, 720);
