@@ -1,8 +1,7 @@
 #include "propertyaccessible.h"
 
+#include "accessiblerow.h"
 #include "propertyarea.h"
-#include "propertyedit.h"
-#include "propertytype.h"
 
 #include <QAccessibleWidget>
 #include <QScrollBar>
@@ -17,57 +16,6 @@ namespace
 const std::size_t g_uChangesTold = 200; ///< rows that come and go at once; of more only the page is told
 } // namespace
 
-/// A row: a group's title, a property or a command.
-class CAccessibleRow : public QAccessibleInterface, public QAccessibleActionInterface, public QAccessibleTextInterface
-{
-public:
-    CAccessibleRow(CPropertyArea& in_area, const tItemPtr& in_pItem) : m_pArea(&in_area), m_pItem(in_pItem) {}
-
-    tItemPtr Item() const { return m_pArea ? m_pItem.lock() : nullptr; }
-
-    bool isValid() const override { return m_pArea; } // a row that has gone is told of once more
-    QObject* object() const override { return nullptr; }
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(m_pArea); }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QWindow* window() const override { return m_pArea ? m_pArea->window()->windowHandle() : nullptr; }
-    void setText(QAccessible::Text, const QString&) override {}
-    QString text(QAccessible::Text in_eText) const override;
-    QRect rect() const override;
-    QAccessible::Role role() const override;
-    QAccessible::State state() const override;
-    void* interface_cast(QAccessible::InterfaceType in_eType) override;
-
-    QStringList actionNames() const override;
-    void doAction(const QString& in_strName) override;
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
-
-    // The value as a text without a cursor.
-    void selection(int, int* out_pStart, int* out_pEnd) const override { *out_pStart = *out_pEnd = 0; }
-    int selectionCount() const override { return 0; }
-    void addSelection(int, int) override {}
-    void removeSelection(int) override {}
-    void setSelection(int, int, int) override {}
-    int cursorPosition() const override { return 0; }
-    void setCursorPosition(int) override {}
-    QString text(int in_iStart, int in_iEnd) const override { return Value().mid(in_iStart, in_iEnd - in_iStart); }
-    int characterCount() const override { return static_cast<int>(Value().size()); }
-    QRect characterRect(int) const override { return rect(); }
-    int offsetAtPoint(const QPoint&) const override { return -1; }
-    void scrollToSubstring(int, int) override { Item() ? m_pArea->ScrollTo(*Item()) : void(); }
-    QString attributes(int, int* out_pStart, int* out_pEnd) const override;
-
-private:
-    tItemPtr Loaded() const;
-    QString Value() const;
-    QString Press() const;
-
-    QPointer<CPropertyArea> m_pArea;
-    std::weak_ptr<sPropertyItem> m_pItem;
-};
-
 /// The area: a form of the rows shown, the open editor and the scroll bar.
 class CAccessibleArea : public QAccessibleWidget
 {
@@ -76,7 +24,6 @@ public:
     ~CAccessibleArea() override;
 
     static CAccessibleArea* Of(CPropertyArea& in_area);
-    static void Load(CPropertyArea& in_area, sPropertyItem& io_item) { in_area.Load(io_item); }
 
     /// What stands for a row: a widget's own interface where it has one.
     QAccessibleInterface* Row(const tItemPtr& in_pItem) const;
@@ -102,7 +49,9 @@ private:
 
     CPropertyArea* Area() const { return qobject_cast<CPropertyArea*>(object()); }
     QWidgetList Extras() const;
+    void DeleteGone();
 
+    mutable std::vector<QAccessible::Id> m_gone; ///< of rows that have gone, to be deleted
     mutable std::unordered_map<const sPropertyItem*, sKnown> m_known;
     mutable std::size_t m_uShown = 0; ///< how many rows there were when this was told last
 };
@@ -125,158 +74,6 @@ void Tell(QAccessibleInterface* in_pInterface, QAccessible::Event in_eEvent)
 }
 } // namespace
 
-/// The row with its value read, which may change the page.
-tItemPtr CAccessibleRow::Loaded() const
-{
-    const tItemPtr pItem = Item();
-    pItem ? CAccessibleArea::Load(*m_pArea, *pItem) : void();
-    return pItem;
-}
-
-QString CAccessibleRow::Value() const
-{
-    const tItemPtr pItem = Loaded();
-    return pItem && pItem->property && !pItem->mixed ? pItem->text : QString();
-}
-
-QString CAccessibleRow::text(QAccessible::Text in_eText) const
-{
-    const tItemPtr pItem = Item();
-    if (!pItem)
-    {
-        return QString();
-    }
-    const QString strOwn = pItem->property ? pItem->property->Format().accessibleName : QString();
-    switch (in_eText)
-    {
-    case QAccessible::Name:
-        return strOwn.isEmpty() ? pItem->Label() : strOwn;
-    case QAccessible::Description:
-        return pItem->Tip();
-    case QAccessible::Value:
-        return Value();
-    default:
-        return QString();
-    }
-}
-
-QRect CAccessibleRow::rect() const
-{
-    const tItemPtr pItem = Item();
-    return pItem ? m_pArea->RowRect(*pItem).translated(m_pArea->mapToGlobal(QPoint())) : QRect();
-}
-
-QAccessible::Role CAccessibleRow::role() const
-{
-    const tItemPtr pItem = Loaded();
-    if (!pItem || !pItem->property)
-    {
-        const bool bGroup = pItem && pItem->kind == sPropertyItem::eGroup;
-        return bGroup ? QAccessible::Grouping : QAccessible::Button;
-    }
-    switch (pItem->type->Work())
-    {
-    case CPropertyType::eToggle:
-        return QAccessible::CheckBox;
-    case CPropertyType::eList:
-        return QAccessible::ComboBox;
-    case CPropertyType::eLink:
-        return QAccessible::Link;
-    case CPropertyType::eShown:
-        return QAccessible::StaticText;
-    default:
-        return QAccessible::EditableText;
-    }
-}
-
-QAccessible::State CAccessibleRow::state() const
-{
-    QAccessible::State state;
-    const QAccessible::Role eRole = role();
-    const tItemPtr pItem = Item();
-    if (!pItem)
-    {
-        state.invalid = true;
-        return state;
-    }
-    const bool bGroup = pItem->kind == sPropertyItem::eGroup;
-    state.disabled = !m_pArea->isEnabled();
-    state.invisible = !m_pArea->isVisible() || pItem->height == 0;
-    state.offscreen = !m_pArea->rect().intersects(m_pArea->RowRect(*pItem));
-    state.focusable = true;
-    state.selectable = true;
-    state.selected = m_pArea->Current() == pItem;
-    state.focused = state.selected && m_pArea->hasFocus();
-    state.readOnly = pItem->property && !pItem->IsWorked();
-    state.editable = eRole == QAccessible::EditableText && !state.readOnly;
-    state.expandable = bGroup;
-    state.expanded = bGroup && pItem->IsExpanded();
-    state.collapsed = bGroup && !pItem->IsExpanded();
-    state.hasPopup = eRole == QAccessible::ComboBox;
-    state.checkable = eRole == QAccessible::CheckBox;
-    state.checkStateMixed = state.checkable && pItem->mixed;
-    state.checked = state.checkable && !pItem->mixed && pItem->value.toBool();
-    return state;
-}
-
-void* CAccessibleRow::interface_cast(QAccessible::InterfaceType in_eType)
-{
-    if (in_eType == QAccessible::ActionInterface)
-    {
-        return static_cast<QAccessibleActionInterface*>(this);
-    }
-    const tItemPtr pItem = Item();
-    const bool bText = in_eType == QAccessible::TextInterface && pItem && pItem->property;
-    return bText && role() != QAccessible::CheckBox ? static_cast<QAccessibleTextInterface*>(this) : nullptr;
-}
-
-/// The name of what Enter does, empty for nothing.
-QString CAccessibleRow::Press() const
-{
-    const QAccessible::State present = state();
-    const QAccessible::Role eRole = role();
-    if (present.invalid || present.disabled || present.invisible || eRole == QAccessible::StaticText ||
-        (present.readOnly && eRole != QAccessible::Link))
-    {
-        return QString();
-    }
-    return eRole == QAccessible::CheckBox   ? toggleAction()
-           : eRole == QAccessible::ComboBox ? showMenuAction()
-                                            : pressAction();
-}
-
-QStringList CAccessibleRow::actionNames() const
-{
-    const QString strPress = Press();
-    return strPress.isEmpty() ? QStringList{setFocusAction()} : QStringList{strPress, setFocusAction()};
-}
-
-/// Each step may do anything to the page.
-void CAccessibleRow::doAction(const QString& in_strName)
-{
-    const QPointer<CPropertyArea> pArea = m_pArea;
-    const tItemPtr pItem = Item();
-    const bool bPress = !in_strName.isEmpty() && in_strName == Press();
-    if (!pArea || !pItem || (!bPress && in_strName != setFocusAction()))
-    {
-        return;
-    }
-    pArea->TakeOver();
-    pArea ? pArea->SetCurrent(pItem) : void();
-    pArea ? pArea->setFocus(Qt::OtherFocusReason) : void();
-    if (pArea && bPress && pArea->Current() == pItem)
-    {
-        pArea->Work(pItem);
-    }
-}
-
-QString CAccessibleRow::attributes(int, int* out_pStart, int* out_pEnd) const
-{
-    *out_pStart = 0;
-    *out_pEnd = characterCount();
-    return QString();
-}
-
 CAccessibleArea::CAccessibleArea(CPropertyArea& in_area) : QAccessibleWidget(&in_area, QAccessible::Form) {}
 
 CAccessibleArea::~CAccessibleArea()
@@ -285,6 +82,7 @@ CAccessibleArea::~CAccessibleArea()
     {
         QAccessible::deleteAccessibleInterface(known.second.id);
     }
+    DeleteGone();
 }
 
 /// Null while nobody listens.
@@ -324,7 +122,7 @@ QAccessibleInterface* CAccessibleArea::Known(const sPropertyItem& in_item) const
     }
     if (it->second.item.expired())
     {
-        QAccessible::deleteAccessibleInterface(it->second.id);
+        m_gone.push_back(it->second.id);
         m_known.erase(it);
         return nullptr;
     }
@@ -335,7 +133,6 @@ QAccessibleInterface* CAccessibleArea::Known(const sPropertyItem& in_item) const
 void CAccessibleArea::TellRows()
 {
     std::vector<std::pair<QAccessible::Id, QAccessible::Event>> changes;
-    std::vector<QAccessible::Id> gone;
     for (auto it = m_known.begin(); it != m_known.end();)
     {
         const tItemPtr pItem = it->second.item.lock();
@@ -344,7 +141,7 @@ void CAccessibleArea::TellRows()
         {
             changes.emplace_back(it->second.id, bShown ? QAccessible::ObjectCreated : QAccessible::ObjectDestroyed);
         }
-        pItem ? void() : gone.push_back(it->second.id);
+        pItem ? void() : m_gone.push_back(it->second.id);
         it = pItem ? std::next(it) : m_known.erase(it);
     }
     const bool bOther = std::exchange(m_uShown, Area()->Shown().size()) != Area()->Shown().size();
@@ -356,6 +153,13 @@ void CAccessibleArea::TellRows()
     {
         Tell(this, QAccessible::ObjectReorder);
     }
+    // Later: a row that was asked something may have had the others placed.
+    QTimer::singleShot(0, Area(), [this] { DeleteGone(); });
+}
+
+void CAccessibleArea::DeleteGone()
+{
+    const std::vector<QAccessible::Id> gone = std::exchange(m_gone, {});
     std::for_each(gone.begin(), gone.end(), &QAccessible::deleteAccessibleInterface);
 }
 

@@ -161,6 +161,7 @@ protected:
 
 private:
     friend class CAccessibleArea;
+    friend class CAccessibleRow;
 
     enum eDrag
     {
