@@ -91,7 +91,7 @@ symbols() {
 
 # The program in README is an example, word for word.
 readme() {
-    diff "$SOURCE/examples/minimal/main.cpp" <(sed -n '/^```cpp$/,/^```$/{/^```/d;p}' "$SOURCE/README.md")
+    diff "$SOURCE/examples/properties/main.cpp" <(sed -n '/^```cpp$/,/^```$/{/^```/d;p}' "$SOURCE/README.md")
     (($(wc -l <"$SOURCE/README.md") < 120))
     # All builds ask for the same CMake, and README says which.
     diff <(sed -nE 's/.*CMake ([0-9.]+) or newer.*/\1/p' "$SOURCE/README.md") \
