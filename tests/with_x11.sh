@@ -1,20 +1,26 @@
 #!/bin/bash
-# with_x11.sh [--bare] <seconds> <program> [argument...]
-# Runs a program for at most that long, on an X server and a window manager of its own; --bare: without the latter.
+# with_x11.sh [--bare|--slow] <seconds> <program> [argument...]
+# Runs a program for at most that long, on an X server and a window manager of its own; --bare: without the latter;
+# --slow: with one that takes its time to answer.
 set -u
 
-bare=
-if [[ $1 == --bare ]]; then
-    bare=yes
+speed=
+if [[ $1 == --* ]]; then
+    speed=$1
     shift
 fi
 limit=$1
 shift
-server= manager= program=
+server= manager= program= brake=
 
 clean_up() {
     trap '' TERM INT HUP
     local pid
+    if [[ $brake ]]; then
+        kill "$brake"
+        wait "$brake"
+        kill -CONT "$manager"
+    fi 2>/dev/null
     for pid in $program $manager $server; do
         kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null
     done
@@ -45,8 +51,13 @@ start_manager() {
         sleep 0.05
     done
 }
-if [[ ! $bare ]]; then
+if [[ $speed != --bare ]]; then
     start_manager
+fi
+if [[ $speed == --slow ]]; then
+    # Most of the time it is stopped, and what it is asked for waits.
+    (while kill -STOP "$manager" && sleep 0.06 && kill -CONT "$manager"; do sleep 0.01; done) 2>/dev/null &
+    brake=$!
 fi
 
 # Widgets need no OpenGL, and its drivers are slow to load and leak.

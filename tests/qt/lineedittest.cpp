@@ -18,15 +18,16 @@ public:
             new QShortcut(key, &m_window, nullptr, nullptr, Qt::ApplicationShortcut);
         }
         m_acts["set"] = [this](int in_iRow) { m_lines[in_iRow]->SetText("m"); };
-        m_acts["into"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9)); };
-        m_acts["menu"] = [this](int in_iRow) { Click(OnScreen(in_iRow), QPoint(60, 9), Qt::RightButton); };
+        m_acts["into"] = [this](int in_iRow) { Click(Aim(in_iRow), QPoint(60, 9)); };
+        m_acts["menu"] = [this](int in_iRow) { Click(Aim(in_iRow), QPoint(60, 9), Qt::RightButton); };
+        m_acts["slow"] = [this](int) { BeSlow(); };
         m_acts["finish"] = [this](int) { m_pView->FinishEditing(); };
         m_acts["edit"] = [this](int in_iRow) { WidgetAt<CQTSimpleDataWidget>(in_iRow)->StartEditing(); };
         m_acts["latehide"] = [this](int) {
             QHideEvent event;
             QCoreApplication::sendEvent(Editor(), &event);
         };
-        m_acts["wheel"] = [this](int in_iRow) { TurnWheel(OnScreen(in_iRow)); };
+        m_acts["wheel"] = [this](int in_iRow) { TurnWheel(Aim(in_iRow)); };
     }
 
     static CInPlaceEdit* Editor() { return CQTSimpleDataWidget::g_pInPlace; }
@@ -35,7 +36,16 @@ public:
 
 private:
     /// What is to be aimed at: the X server finds the editor over a row by itself.
-    QWidget* OnScreen(int in_iRow) const { return IsReal() ? WidgetAt<QWidget>(in_iRow) : Editor(); }
+    QWidget* Aim(int in_iRow) const { return IsReal() ? WidgetAt<QWidget>(in_iRow) : Editor(); }
+
+    /// Each report takes a tenth of a second from here on.
+    void BeSlow()
+    {
+        m_log.m_hooks[eEndEditing] = [this] {
+            QTest::qSleep(100);
+            BeSlow();
+        };
+    }
 
     QWidget* SharedEditor() const override { return Editor(); }
     QRect EditorRect(const QRect& in_row) const override { return in_row; }
@@ -84,6 +94,8 @@ private slots:
     void initTestCase() { QVERIFY(PrepareOther(m_other)); }
     void Editing_data();
     void Editing();
+    void Typing_data();
+    void Typing();
     void UnchangedTextStays();
     void LastWindowClosed();
 
@@ -145,6 +157,26 @@ void LineEditTest::Editing_data()
 }
 
 void LineEditTest::Editing()
+{
+    RunCase<CLinePage>(&m_other);
+}
+
+void LineEditTest::Typing_data()
+{
+    const char* const strRows = "LLLL";
+    const char* const strOutcome = "0=11 0:2 1=22 1:2 2=33 2:2 3=44 3:1";
+    const sCase cases[] = {
+        {"key by key", strRows, "click0 1 1 Tab 2 2 Tab 3 3 Tab 4 4 Return", strOutcome},
+        {"without a pause", strRows, "click0 1,1,Tab,2,2,Tab,3,3,Tab,4,4,Return", strOutcome, eX11 | eWayland},
+        {"fast", strRows, "click0 7:1,1,Tab,2,2,Tab,3,3,Tab,4,4,Return", strOutcome, eX11 | eWayland},
+        {"in a hurry", strRows, "click0 30:1,1,Tab,2,2,Tab,3,3,Tab,4,4,Return", strOutcome, eX11 | eWayland},
+        {"slow reports", strRows, "slow click0 40:1,1,Tab,2,2,Tab,3,3,Tab,4,4,Return", strOutcome, eX11 | eWayland},
+    };
+    AddCases(cases);
+}
+
+/// Nobody waits for the windows here. A key that went astray would be missing, or in another row.
+void LineEditTest::Typing()
 {
     RunCase<CLinePage>(&m_other);
 }

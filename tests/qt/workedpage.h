@@ -74,7 +74,7 @@ public:
         }
         for (int iRow = 0; iRow < m_iRows && IsReady(pEditor); ++iRow)
         {
-            if (EditorRect(RowRect(iRow)) == pEditor->geometry())
+            if (EditorRect(RowRect(iRow)) == OnScreen(pEditor))
             {
                 return TestSupport::Latin("@" + std::to_string(iRow) + "=") + EditedText();
             }
@@ -83,12 +83,18 @@ public:
     }
 
     /// Acts word by word: the name of an act and a row's number, or else a key as the X server names it. "when:word" is
-    /// put off until the application is told of a changed value.
+    /// put off until the application is told of a changed value. Keys joined by "," are typed without a pause or,
+    /// after a number of milliseconds and a colon, with so little; nobody waits for what they do.
     void Run(const QString& in_strScript)
     {
         std::istringstream script(in_strScript.toLatin1().constData());
         for (std::string strWord; script >> strWord;)
         {
+            if (strWord.find(',') != std::string::npos)
+            {
+                Type(strWord);
+                continue;
+            }
             if (strWord.compare(0, 5, "when:") != 0)
             {
                 Act(strWord);
@@ -170,14 +176,19 @@ protected:
     QRect RowRect(int in_iRow) const
     {
         const QWidget* pRow = WidgetAt<QWidget>(in_iRow);
-        return pRow->isVisible() ? QRect(pRow->mapToGlobal(QPoint()), pRow->size()) : QRect();
+        return pRow->isVisible() ? OnScreen(pRow) : QRect();
+    }
+
+    static QRect OnScreen(const QWidget* in_pWidget)
+    {
+        return QRect(in_pWidget->mapToGlobal(QPoint()), in_pWidget->size());
     }
 
     /// Whether an editor is on top where it believes to be, and would get keys.
     static bool IsReady(const QWidget* in_pEditor)
     {
-        return KeyTaker() == in_pEditor && QApplication::focusWidget() == in_pEditor &&
-               QApplication::topLevelAt(in_pEditor->geometry().center()) == in_pEditor;
+        return KeyTaker() == in_pEditor->window() && QApplication::focusWidget() == in_pEditor &&
+               QApplication::topLevelAt(OnScreen(in_pEditor).center()) == in_pEditor->window();
     }
 
     std::map<std::string, std::function<void(int)>> m_acts;
@@ -227,6 +238,17 @@ private:
         const int iRow = uDigits == std::string::npos ? 0 : std::stoi(in_strWord.substr(uDigits));
         const auto it = m_acts.find(in_strWord.substr(0, uDigits));
         it == m_acts.end() ? Key(in_strWord) : it->second(iRow);
+    }
+
+    static void Type(std::string io_strKeys)
+    {
+        const std::size_t uColon = io_strKeys.find(':');
+        const std::string strPause = uColon == std::string::npos ? "0" : io_strKeys.substr(0, uColon);
+        std::replace(io_strKeys.begin(), io_strKeys.end(), ',', ' ');
+        const QString strCommand = TestSupport::Latin("key --delay " + strPause + " " + io_strKeys.substr(uColon + 1));
+        QProcess typist;
+        typist.start(QLatin1String("xdotool"), strCommand.split(QLatin1Char(' ')));
+        TestSupport::WaitUntil([&typist] { return typist.state() == QProcess::NotRunning; });
     }
 
     static void Drive(const std::string& in_strCommand)

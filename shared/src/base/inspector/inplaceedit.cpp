@@ -61,6 +61,7 @@ void CInPlaceEdit::SetText(const char* in_strText)
 /// wins: that nested edit is closed, and reported only if something was typed into it meanwhile.
 void CInPlaceEdit::FinishRunningEdit()
 {
+    m_pKeeper->FlushKeys();
     OnFinishEditing();
     EndNestedEdit();
 }
@@ -151,6 +152,7 @@ void CInPlaceEdit::OnFinishEditing()
     m_pKeeper->Close();
     if (m_pSink && m_pKeeper->m_sinkWatch.IsAlive())
     {
+        const CInPlaceKeeper::CReport report(m_pKeeper);
         m_pSink->FinishValueEdit(strText.c_str(), eCause);
     }
 }
@@ -166,7 +168,14 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
             return eType == QEvent::KeyPress ? EndWith(eCause) : ClaimKey(in_pEvent);
         }
     }
-    if (eType == QEvent::WindowDeactivate && m_bEditing)
+    const bool bDeactivated = eType == QEvent::WindowDeactivate;
+    const bool bLeft =
+        eType == QEvent::FocusOut && static_cast<QFocusEvent*>(in_pEvent)->reason() != Qt::PopupFocusReason;
+    if (m_bEditing && m_pKeeper->IsAwaited() && (bDeactivated || bLeft))
+    {
+        return true; // a late word of an earlier edit
+    }
+    if (m_bEditing && (bDeactivated || (bLeft && !isWindow() && isVisible())))
     {
         return EndWith(CInspectorDataElement::eEndEditFocusLost);
     }
@@ -176,7 +185,7 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
     }
     const bool bHandled = QLineEdit::event(in_pEvent);
     if (eType == QEvent::FocusIn && m_bEditing && !isModified() &&
-        static_cast<QFocusEvent*>(in_pEvent)->reason() == Qt::ActiveWindowFocusReason)
+        (m_pKeeper->IsAwaited() || static_cast<QFocusEvent*>(in_pEvent)->reason() == Qt::ActiveWindowFocusReason))
     {
         selectAll(); // a line edit whose window is activated before it has the focus drops its selection
     }

@@ -8,7 +8,9 @@
 namespace
 {
 const int g_iLookInterval = 20; ///< in milliseconds
-const int g_iActivations = 25;  ///< somebody else who wants the activation keeps it after half a second
+const int g_iPatience = 500;    ///< in milliseconds; a window manager may refuse to activate an editor
+const QEvent::Type g_eReplay = static_cast<QEvent::Type>(QEvent::User + 1);
+const int g_iActivations = 25; ///< somebody else who wants the activation keeps it after half a second
 
 /// To a widget and on to what is around it, until somebody takes it.
 void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
@@ -43,6 +45,21 @@ CInPlaceKeeper::CBusy::~CBusy()
     {
         m_pKeeper->m_pEditor->deleteLater();
     }
+}
+
+CInPlaceKeeper::CReport::CReport(CInPlaceKeeper* in_pKeeper) : m_busy(in_pKeeper), m_pKeeper(in_pKeeper)
+{
+    ++m_pKeeper->m_iReports;
+    qApp->installEventFilter(m_pKeeper);
+}
+
+CInPlaceKeeper::CReport::~CReport()
+{
+    if (--m_pKeeper->m_iReports == 0 && !m_pKeeper->m_pOver)
+    {
+        qApp->removeEventFilter(m_pKeeper);
+    }
+    m_pKeeper->DeliverKeys();
 }
 
 CInPlaceKeeper* CInPlaceKeeper::s_pFirst = nullptr;
@@ -112,36 +129,84 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     m_geometry = in_geometry;
     m_bInSight = IsInSight();
     m_bPlacedAgain = false;
+    m_pKeysOf = m_pOwner;
+    m_bAwaited = m_eKind == eLine && !IsInside();
+    m_bOverdue = false;
+    qApp->installEventFilter(this);
+    InspectorAccessible::NameEditor(m_pEditor, in_pOver);
+    IsInside() ? OpenInside() : OpenWindow(in_flags);
+    m_iActivations = g_iActivations;
+    m_look.start(g_iLookInterval, this);
+}
+
+/// On Wayland a window of its own would be a pop-up, which a compositor refuses when a newer key has come.
+bool CInPlaceKeeper::IsInside() const
+{
+    return m_eKind == eLine && InspectorQt::IsWayland();
+}
+
+void CInPlaceKeeper::OpenInside()
+{
+    const QPointer<QWidget> pOver = m_pOver;
+    m_pOwner->setFocus(Qt::OtherFocusReason); // what loses the focus by this reports, and may do anything
+    if (!pOver || m_pOver != pOver)
+    {
+        return;
+    }
+    m_pEditor->setParent(pOver);
+    connect(pOver, SIGNAL(destroyed()), this, SLOT(OnOverDies()));
+    m_pEditor->setGeometry(m_geometry.translated(-m_overRect.topLeft()));
+    m_pEditor->show();
+}
+
+void CInPlaceKeeper::OpenWindow(Qt::WindowFlags in_flags)
+{
     // The flags come first: they would shift a geometry that was set before. On Wayland only a pop-up can be placed.
     // An owner that stays on top would cover an editor that the window manager does not know to belong to it.
     const Qt::WindowFlags onTop = m_pOwner->windowFlags() & Qt::WindowStaysOnTopHint;
     m_pEditor->setWindowFlags(InspectorQt::IsWayland() ? Qt::WindowFlags(Qt::Popup) : in_flags | onTop);
     m_pEditor->setWindowState(Qt::WindowNoState); // it may have been minimized together with its owner
-    InspectorQt::ShareScreen(m_pEditor, in_pOver);
+    m_pEditor->setGeometry(m_geometry); // a native window that is born elsewhere may be believed to be there for ever
+    InspectorQt::ShareScreen(m_pEditor, m_pOver);
     if (m_eKind == eLine || InspectorQt::IsWayland() || QApplication::activeModalWidget())
     {
-        InspectorQt::SetTransientOwner(m_pEditor, in_pOver);
+        InspectorQt::SetTransientOwner(m_pEditor, m_pOver);
     }
-    m_pEditor->setGeometry(in_geometry);
-    qApp->installEventFilter(this);
-    InspectorAccessible::NameEditor(m_pEditor, in_pOver);
+    m_pEditor->setGeometry(m_geometry); // once more, in the scale of its screen
     m_pEditor->show();
     InspectorQt::Activate(m_pEditor);
-    if (InspectorQt::HearsLate())
-    {
-        m_iActivations = g_iActivations;
-        m_look.start(g_iLookInterval, this);
-    }
 }
 
-/// Where Qt does not tell: activates the editor until it has got there, and looks for where its row is.
-void CInPlaceKeeper::timerEvent(QTimerEvent*)
+/// With it would die the editor, whose children's parent it is.
+void CInPlaceKeeper::OnOverDies()
 {
-    if (QApplication::activeWindow() != m_pEditor && m_iActivations-- > 0)
+    m_sinkWatch.Forget();
+    m_drop();
+}
+
+/// A window manager that is late may activate nothing at all when one window has gone and come again. On Qt 4, which
+/// does not tell, this activates the editor until it has got there, and looks for where its row is.
+void CInPlaceKeeper::timerEvent(QTimerEvent* in_pEvent)
+{
+    if (in_pEvent->timerId() == m_patience.timerId())
+    {
+        FlushKeys();
+        return;
+    }
+    const QWidget* pActive = QApplication::activeWindow();
+    const bool bMissing = InspectorQt::HearsLate() ? pActive != m_pEditor : m_bAwaited && !pActive;
+    if (m_iActivations-- > 0 && bMissing)
     {
         InspectorQt::Activate(m_pEditor);
     }
-    RequestCheck();
+    if (InspectorQt::HearsLate())
+    {
+        RequestCheck();
+    }
+    else if (m_iActivations == 0 || !m_bAwaited)
+    {
+        m_look.stop();
+    }
 }
 
 void CInPlaceKeeper::Close()
@@ -149,16 +214,25 @@ void CInPlaceKeeper::Close()
     const CBusy busy(this);
     const bool bOverInPlace = m_pOver && !m_pOver->isWindow(); // a dying one may have left its window
     const QPointer<QWidget> pOwner = bOverInPlace ? m_pOver->window() : m_pOwner.data();
-    const bool bWasActive = QApplication::activeWindow() == m_pEditor;
-    qApp->removeEventFilter(this);
+    const bool bWasActive = m_bAwaited || QApplication::activeWindow() == m_pEditor;
+    m_bAwaited = false;
     m_look.stop();
+    m_patience.stop();
+    m_iDeliveries == 0 ? m_keys.Clear() : void(); // they were typed for a row that was taken away
+    qApp->removeEventFilter(this);
+    m_pOver ? void(m_pOver->disconnect(this)) : void();
     m_pOver = nullptr;
     m_pOwner = nullptr;
     if (m_eKind == eDropDown && m_pEditor->testAttribute(Qt::WA_WState_Created))
     {
         InspectorQt::SetTransientOwner(m_pEditor, nullptr); // or a window manager takes the activation away
     }
+    if (!m_pEditor->isWindow() && m_pEditor->hasFocus())
+    {
+        m_pEditor->window()->setFocus(Qt::OtherFocusReason); // or Qt would give it to some other row
+    }
     m_pEditor->hide();
+    m_pEditor->isWindow() ? void() : m_pEditor->setParent(nullptr);
     if (bWasActive && pOwner && !pOwner->isMinimized()) // which would bring it back
     {
         InspectorQt::Activate(pOwner);
@@ -179,14 +253,34 @@ void CInPlaceKeeper::Retire()
 
 bool CInPlaceKeeper::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
 {
-    if (!m_pOver)
-    {
-        return false;
-    }
     switch (in_pEvent->type())
     {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+        return TakeKey(in_pWatched, in_pEvent);
+    default:
+        return m_pOver && WatchOver(in_pWatched, in_pEvent);
+    }
+}
+
+/// What happens elsewhere while the editor is open.
+bool CInPlaceKeeper::WatchOver(QObject* in_pWatched, QEvent* in_pEvent)
+{
+    switch (in_pEvent->type())
+    {
+    case QEvent::WindowActivate:
+        if (in_pWatched == m_pEditor && m_bAwaited && !m_bReplayPosted)
+        {
+            m_bReplayPosted = true;
+            QCoreApplication::postEvent(this, new QEvent(g_eReplay)); // Qt still goes on with the activation
+        }
+        return false;
     case QEvent::MouseButtonPress:
-        return (m_eKind == eDropDown || InspectorQt::IsWayland()) && EndOnPress(in_pWatched);
+        FlushKeys();
+        return m_pOver && (m_eKind == eDropDown || InspectorQt::IsWayland()) && !IsOnEditor(in_pWatched, in_pEvent) &&
+               EndOnPress(in_pWatched);
     case QEvent::Wheel:
         if (m_eKind == eLine && in_pWatched == m_pEditor)
         {
@@ -209,6 +303,57 @@ bool CInPlaceKeeper::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     }
 }
 
+bool CInPlaceKeeper::KeepsKeysWaiting() const
+{
+    return m_iReports > 0 || (m_bAwaited && !m_bOverdue);
+}
+
+/// An editor that is to be activated is about to get the keys: those that still reach the window that it belongs to
+/// were typed for it. They wait until it is active, because one that ended before would be told of its activation
+/// later, over another row.
+bool CInPlaceKeeper::TakeKey(QObject* in_pWatched, QEvent* in_pEvent)
+{
+    const bool bComposed = in_pEvent->type() == QEvent::InputMethod;
+    if ((!m_bAwaited && m_iReports == 0) || !m_pKeysOf || m_iDeliveries > 0 ||
+        !(bComposed ? in_pWatched->isWidgetType()
+                    : in_pEvent->spontaneous() && InspectorQt::GetsKeysFirst(in_pWatched)))
+    {
+        return false;
+    }
+    QWidget* pWindow = InspectorQt::WindowWidget(in_pWatched);
+    if (!pWindow || (pWindow->window() != m_pKeysOf && pWindow != m_pEditor))
+    {
+        return false;
+    }
+    in_pEvent->accept();
+    if (in_pEvent->type() != QEvent::ShortcutOverride)
+    {
+        m_keys.Hold(*in_pEvent);
+        KeepsKeysWaiting() ? m_patience.start(g_iPatience, this) : DeliverKeys();
+    }
+    return true;
+}
+
+/// A key may end the edit, and the next one has to be waited for again. Without a next one the keys are the owner's.
+void CInPlaceKeeper::DeliverKeys()
+{
+    const CBusy busy(this);
+    ++m_iDeliveries;
+    while (!m_keys.IsEmpty() && !KeepsKeysWaiting())
+    {
+        QWidget* pFocused = m_pKeysOf && m_pKeysOf->focusWidget() ? m_pKeysOf->focusWidget() : m_pKeysOf.data();
+        m_keys.DeliverOne(m_pOver ? m_pEditor : pFocused);
+    }
+    --m_iDeliveries;
+}
+
+void CInPlaceKeeper::FlushKeys()
+{
+    m_patience.stop();
+    m_bOverdue = true;
+    DeliverKeys();
+}
+
 /// The check waits for the event loop: a layout moves a widget more than once before it is where it stays, and an edit
 /// that ended from inside a widget's own hiding could destroy that widget.
 void CInPlaceKeeper::RequestCheck()
@@ -220,8 +365,15 @@ void CInPlaceKeeper::RequestCheck()
     }
 }
 
-void CInPlaceKeeper::customEvent(QEvent*)
+void CInPlaceKeeper::customEvent(QEvent* in_pEvent)
 {
+    if (in_pEvent->type() == g_eReplay)
+    {
+        m_bReplayPosted = false;
+        m_bAwaited = m_bAwaited && QApplication::activeWindow() != m_pEditor;
+        DeliverKeys();
+        return;
+    }
     m_bCheckPosted = false;
     if (!m_pOver)
     {
@@ -253,7 +405,11 @@ void CInPlaceKeeper::Follow()
         m_overRect = overRect;
         m_bPlacedAgain = false;
     }
-    if (m_pEditor->geometry() != m_geometry && !m_bPlacedAgain)
+    if (!m_pEditor->isWindow())
+    {
+        m_pEditor->setGeometry(m_geometry.translated(-m_overRect.topLeft()));
+    }
+    else if (m_pEditor->geometry() != m_geometry && !m_bPlacedAgain)
     {
         m_bPlacedAgain = true;
         m_pEditor->setGeometry(m_geometry);
@@ -263,8 +419,25 @@ void CInPlaceKeeper::Follow()
 void CInPlaceKeeper::EndEditing()
 {
     const CBusy busy(this);
+    while (m_pOver && !m_keys.IsEmpty())
+    {
+        FlushKeys();
+    }
+    m_bAwaited = false;
     QEvent deactivation(QEvent::WindowDeactivate);
     QCoreApplication::sendEvent(m_pEditor, &deactivation);
+}
+
+bool CInPlaceKeeper::IsOnEditor(QObject* in_pWatched, QEvent* in_pEvent) const
+{
+    const QWidget* pPressed =
+        in_pWatched->isWidgetType() ? static_cast<QWidget*>(in_pWatched) : InspectorQt::WindowWidget(in_pWatched);
+    if (!pPressed || m_pEditor->isWindow() || pPressed->window() != m_pEditor->window())
+    {
+        return pPressed && pPressed->window() == m_pEditor;
+    }
+    const QPoint position = pPressed->mapTo(pPressed->window(), static_cast<QMouseEvent*>(in_pEvent)->pos());
+    return m_pEditor->rect().contains(m_pEditor->mapFrom(m_pEditor->window(), position));
 }
 
 /// Neither a tool-tip window nor a pop-up loses the activation to a press elsewhere, so the press itself ends the
@@ -274,8 +447,9 @@ bool CInPlaceKeeper::EndOnPress(QObject* in_pWatched)
 {
     const QPointer<QObject> pWatched = in_pWatched;
     const QPointer<QWidget> pPressed = InspectorQt::WindowWidget(in_pWatched);
-    const bool bBelowMenu = InspectorQt::IsWayland() && QApplication::activePopupWidget() != m_pEditor;
-    if (!pPressed || pPressed == m_pEditor || bBelowMenu)
+    const QWidget* pPopup = QApplication::activePopupWidget();
+    const bool bBelowMenu = InspectorQt::IsWayland() && pPopup && pPopup != m_pEditor;
+    if (!pPressed || bBelowMenu)
     {
         return false;
     }

@@ -1,6 +1,7 @@
 #ifndef INPLACEKEEPER_H
 #define INPLACEKEEPER_H
 
+#include "heldkeys.h"
 #include "inspectordataelement.h"
 
 #include <QBasicTimer>
@@ -18,19 +19,25 @@ public:
     explicit CInPlaceSinkWatch(IInPlaceEditSink* in_pSink = nullptr);
     bool IsAlive() const { return !m_bIsObject || m_pObject; }
 
+    /// The sink is dying.
+    void Forget() { *this = CInPlaceSinkWatch(), m_bIsObject = true; }
+
 private:
     QPointer<QObject> m_pObject;
     bool m_bIsObject;
 };
 
-/// Keeps an in-place editor, which is a window of its own, over the widget that it edits: opens and closes it, follows
-/// the widget, tells the editor when it has to end, and puts off the editor's deletion while it is in use. All keepers
-/// together know what is being edited in place, so that nobody else needs to know the editors. Private to the library;
-/// a child of the editor.
+/// Keeps an in-place editor, which is a window of its own or on Wayland a child of the widget, over the widget that it
+/// edits: opens and closes it, follows the widget, tells the editor when it has to end, and puts off the editor's
+/// deletion while it is in use. From the end of one edit until the next editor is active, the keys that the window
+/// system gives to the editors' owner are kept, for the next editor if there is one. All keepers together know what is
+/// being edited in place, so that nobody else needs to know the editors. Private to the library; a child of the editor.
 ///
 /// It tells the editor to end by sending it a QEvent::WindowDeactivate, the event that a lost focus brings.
 class CInPlaceKeeper : public QObject
 {
+    Q_OBJECT
+
 public:
     enum eKind
     {
@@ -50,6 +57,18 @@ public:
     };
 
     /// \param in_drop ends an edit that a report has begun: without a report, unless something was typed
+    /// Held on the stack while the end of an edit is reported: keys wait for what the report opens.
+    class CReport
+    {
+    public:
+        explicit CReport(CInPlaceKeeper* in_pKeeper);
+        ~CReport();
+
+    private:
+        CBusy m_busy;
+        CInPlaceKeeper* m_pKeeper;
+    };
+
     CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind, const std::function<void()>& in_drop);
     ~CInPlaceKeeper() override;
 
@@ -71,6 +90,12 @@ public:
     /// The widget that the editor is open over, null when closed or when the widget has died.
     QWidget* Over() const { return m_pOver; }
 
+    /// Whether the editor is still to become active. What deactivates it until then is a late word of an earlier edit.
+    bool IsAwaited() const { return m_bAwaited; }
+
+    /// Gives the editor the keys that wait for it, active or not.
+    void FlushKeys();
+
     /// Hides and deletes the editor; later, when it is busy.
     void Retire();
 
@@ -82,9 +107,20 @@ protected:
     void customEvent(QEvent* in_pEvent) override;
     void timerEvent(QTimerEvent* in_pEvent) override;
 
+private Q_SLOTS:
+    void OnOverDies();
+
 private:
     static void EndAll(const QWidget* in_pAround, const std::function<void(CInPlaceKeeper&)>& in_end);
     bool IsOpenIn(const QWidget* in_pAround) const;
+    bool IsInside() const;
+    void OpenInside();
+    void OpenWindow(Qt::WindowFlags in_flags);
+    bool IsOnEditor(QObject* in_pWatched, QEvent* in_pEvent) const;
+    bool KeepsKeysWaiting() const;
+    bool TakeKey(QObject* in_pWatched, QEvent* in_pEvent);
+    void DeliverKeys();
+    bool WatchOver(QObject* in_pWatched, QEvent* in_pEvent);
     void RequestCheck();
     void Follow();
     void EndEditing();
@@ -103,6 +139,14 @@ private:
     QRect m_overRect;           ///< where the widget was when the editor was last placed
     QRect m_ownerRect;          ///< where the widget's window was when the editor was opened
     QRect m_geometry;           ///< where the editor belongs
+    CHeldKeys m_keys;
+    QPointer<QWidget> m_pKeysOf; ///< the window whose keys are kept
+    QBasicTimer m_patience;      ///< runs while keys wait for the editor to become active
+    bool m_bAwaited = false;     ///< open, but not active yet
+    bool m_bOverdue = false;     ///< for so long that keys wait no longer
+    bool m_bReplayPosted = false;
+    int m_iReports = 0;
+    int m_iDeliveries = 0;
     bool m_bInSight = false;
     bool m_bPlacedAgain = false; ///< put back to m_geometry once already; a window manager may insist
     bool m_bCheckPosted = false;

@@ -129,6 +129,16 @@ inline QWidget* WindowWidget(QObject* in_pObject)
     return in_pObject->isWidgetType() ? static_cast<QWidget*>(in_pObject)->window() : nullptr;
 }
 
+/// Whether keys of the window system come to this object first: to a window, on Qt 4 to a widget.
+inline bool GetsKeysFirst(const QObject* in_pObject)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return in_pObject->isWindowType();
+#else
+    return in_pObject->isWidgetType();
+#endif
+}
+
 /// The widget in whose coordinates a window-system event is: the one of the window that got it, on Qt 4 the receiver.
 inline QWidget* EventWidget(QObject* in_pReceiver)
 {

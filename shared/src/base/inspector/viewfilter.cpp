@@ -229,7 +229,7 @@ void CViewFilter::EndEdits(QWidget* in_pNative, const QMouseEvent& in_press)
 {
     const QPointer<QObject> self = this;
     const QPointer<QWidget> pNative = in_pNative;
-    if (in_press.button() == Qt::RightButton)
+    if (in_press.button() == Qt::RightButton && Hit(in_pNative, in_press.pos()) != QApplication::focusWidget())
     {
         CInPlaceKeeper::EndEdits(nullptr); // as a context menu would while Qt opens it
     }
@@ -263,6 +263,7 @@ void CViewFilter::FinishEditing()
     CInPlaceKeeper::EndEdits(m_pContent);
     if (self)
     {
+        CInPlaceKeeper::DropEdits(m_pContent);
         TakeFocus();
     }
     if (self)
