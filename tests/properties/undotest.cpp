@@ -11,6 +11,17 @@
 
 namespace
 {
+/// Nobody can tell whether two of them are the same.
+struct sOdd
+{
+    int number;
+};
+} // namespace
+
+Q_DECLARE_METATYPE(sOdd)
+
+namespace
+{
 /// Something to be edited, whose setters round, refuse and mind each other.
 class CThing : public QObject
 {
@@ -20,6 +31,7 @@ class CThing : public QObject
     Q_PROPERTY(int value READ Value WRITE SetValue NOTIFY Changed)
     Q_PROPERTY(int even READ Even WRITE SetEven RESET ResetEven NOTIFY Changed)
     Q_PROPERTY(double real READ Real WRITE SetReal NOTIFY Changed)
+    Q_PROPERTY(sOdd odd READ Odd WRITE SetOdd)
     Q_PROPERTY(bool box MEMBER m_bBox NOTIFY Changed)
     Q_PROPERTY(QPointF place MEMBER m_place NOTIFY Changed)
     Q_PROPERTY(Qt::Alignment sides MEMBER m_eSides NOTIFY Changed)
@@ -31,6 +43,8 @@ public:
     int Value() const { return m_iValue; }
     int Even() const { return m_iEven; }
     double Real() const { return m_real; }
+    sOdd Odd() const { return {1}; }
+    void SetOdd(const sOdd&) { QFAIL("nobody did"); }
 
     void SetLimit(int in_iLimit)
     {

@@ -3,6 +3,8 @@
 #include "propertiesqt.h"
 
 #include <QDateTime>
+#include <QIcon>
+#include <QPixmap>
 
 #include <algorithm>
 #include <cstring>
@@ -42,6 +44,16 @@ bool CPropertyStep::IsSame(const QVariant& in_value, const QVariant& in_other)
     if (IsReal(in_value))
     {
         return std::memcmp(in_value.constData(), in_other.constData(), PropertiesQt::SizeOf(in_value)) == 0;
+    }
+    switch (in_value.userType()) // pictures have no comparison
+    {
+    case QMetaType::QPixmap:
+    case QMetaType::QBitmap:
+        return in_value.value<QPixmap>().cacheKey() == in_other.value<QPixmap>().cacheKey();
+    case QMetaType::QIcon:
+        return in_value.value<QIcon>().cacheKey() == in_other.value<QIcon>().cacheKey();
+    default:
+        break;
     }
     const bool bTime = in_value.userType() == QMetaType::QDateTime;
     return in_value == in_other && (!bTime || in_value.toDateTime().timeSpec() == in_other.toDateTime().timeSpec());

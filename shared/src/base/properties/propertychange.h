@@ -35,6 +35,13 @@ public:
     /// Whether nothing at all differs, not even what comparing values passes over: signs of zero and the like.
     static bool IsSame(const QVariant& in_value, const QVariant& in_other);
 
+    /// Whether a property still reads as a value. What differs whenever it is read, a clock or a type without
+    /// comparison, does not.
+    static bool IsSteady(const CProperty& in_property, const QVariant& in_value)
+    {
+        return IsSame(in_property.Read(), in_value);
+    }
+
 private:
     void Write(QVariant sPropertyChange::*in_pValue) const;
 

@@ -52,7 +52,8 @@ bool CPropertyReferences::IsModified(const tPropertyPtr& in_pRow)
         const QVariant value = in_pMember->Read();
         Note(in_pMember, value);
         const QVariant reference = Reference(*in_pRow, in_pMember);
-        return value.isValid() && reference.isValid() && !CPropertyStep::IsSame(value, reference);
+        const bool bOther = value.isValid() && reference.isValid() && !CPropertyStep::IsSame(value, reference);
+        return bOther && CPropertyStep::IsSteady(*in_pMember, value);
     });
 }
 

@@ -16,7 +16,8 @@ namespace
 class CPropertyWatch
 {
 public:
-    explicit CPropertyWatch(const std::vector<tPropertyPtr>& in_properties)
+    /// The first ones of them are those to be written.
+    CPropertyWatch(const std::vector<tPropertyPtr>& in_properties, std::size_t in_uWritten) : m_uWritten(in_uWritten)
     {
         for (const tPropertyPtr& pProperty : in_properties)
         {
@@ -30,16 +31,21 @@ public:
     CPropertyStep Changes()
     {
         CPropertyStep changes;
-        for (sPropertyChange& watched : m_watched)
+        for (std::size_t u = 0; u < m_watched.size(); ++u)
         {
+            sPropertyChange& watched = m_watched[u];
             watched.now = watched.property->Read();
-            watched.now.isValid() ? changes.Add(watched) : void();
+            const bool bChanged = watched.now.isValid() && !CPropertyStep::IsSame(watched.before, watched.now);
+            const bool bByWrite =
+                u < m_uWritten || (bChanged && CPropertyStep::IsSteady(*watched.property, watched.now));
+            bChanged&& bByWrite ? changes.Add(watched) : void();
         }
         return changes;
     }
 
 private:
     std::vector<sPropertyChange> m_watched;
+    const std::size_t m_uWritten;
 };
 } // namespace
 
@@ -132,7 +138,7 @@ bool CPropertyPage::Perform(const tPropertyPtr& in_pProperty, const std::functio
     const QPointer<QUndoStack> pStack(m_iReplays == 0 && !m_pWriting ? m_pUndo->Stack() : nullptr);
     const tPropertyStepPtr pOuter = m_pWriting;
     const tPropertyStepPtr pChanges = std::make_shared<CPropertyStep>();
-    CPropertyWatch watch(Watched(in_pProperty));
+    CPropertyWatch watch(Watched(in_pProperty), in_pProperty->Members().size());
     Note(watch.Watched());
     const QVariant before = in_pProperty->Read();
     m_pWriting = pChanges; // a setter that writes is part of the same step
