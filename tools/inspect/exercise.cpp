@@ -6,7 +6,9 @@
 #include "propertypage.h"
 #include "randomvalue.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 
 #include <algorithm>
 #include <cstdio>
@@ -28,6 +30,26 @@ std::vector<tPropertyPtr> PropertiesOf(QObject* in_pObject)
 bool IsProgramWindow(const QWidget* in_pWidget)
 {
     return in_pWidget->isVisible() && !CApartWindow::Owns(in_pWidget);
+}
+
+/// Answers that nothing is to be saved, or else closes it.
+void Dismiss(QWidget& io_dialog)
+{
+    const QList<QDialogButtonBox*> boxes = io_dialog.findChildren<QDialogButtonBox*>();
+    for (const QDialogButtonBox* pBox : boxes)
+    {
+        const QList<QAbstractButton*> buttons = pBox->buttons();
+        for (QAbstractButton* pButton : buttons)
+        {
+            const QDialogButtonBox::ButtonRole eRole = pBox->buttonRole(pButton);
+            if (eRole == QDialogButtonBox::DestructiveRole || eRole == QDialogButtonBox::NoRole)
+            {
+                pButton->click();
+                return;
+            }
+        }
+    }
+    io_dialog.close();
 }
 
 bool HasProgramWindow()
@@ -61,7 +83,7 @@ void CExercise::Step()
     if (m_bInStep && pDialog)
     {
         ++m_iDialogs;
-        pDialog->close();
+        Dismiss(*pDialog);
         return;
     }
     if (m_bInStep || !HasProgramWindow())
@@ -84,6 +106,7 @@ void CExercise::Step()
     else
     {
         CloseProgram();
+        return;
     }
     m_bInStep = false;
 }
@@ -163,7 +186,8 @@ void CExercise::Report() const
     }
 }
 
-/// The way a person closes a program; one that asks a question first, or stays in the background, is told to quit.
+/// The way a person closes a program; one that does not end by that is told to quit. Until it has ended it may ask
+/// questions, so this step never ends.
 void CExercise::CloseProgram()
 {
     Report();
@@ -172,6 +196,5 @@ void CExercise::CloseProgram()
     {
         std::fputs("inspect: the program did not close its windows when asked to, and was told to quit\n", stderr);
     }
-    m_timer.stop();
     QCoreApplication::quit();
 }

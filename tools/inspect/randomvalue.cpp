@@ -4,15 +4,17 @@
 
 #include <QColor>
 #include <QFont>
-#include <QRectF>
+#include <QRect>
 
 namespace
 {
 const int g_iFar = 20; ///< how far a number goes from where it is
 
-int Shift(QRandomGenerator& io_random)
+/// Below the present one, but not below 0 if that is not: no value is too small or too large for a size.
+int Near(int in_iPresent, QRandomGenerator& io_random)
 {
-    return io_random.bounded(-g_iFar, g_iFar + 1);
+    const int iNear = in_iPresent - io_random.bounded(1, g_iFar);
+    return in_iPresent >= 0 ? qAbs(iNear) : iNear;
 }
 
 QVariant RandomKeys(const QMetaEnum& in_keys, int in_iPresent, QRandomGenerator& io_random)
@@ -23,12 +25,6 @@ QVariant RandomKeys(const QMetaEnum& in_keys, int in_iPresent, QRandomGenerator&
     }
     const int iKey = in_keys.value(io_random.bounded(in_keys.keyCount()));
     return in_keys.isFlag() ? in_iPresent ^ iKey : iKey;
-}
-
-QRect RandomRect(const QRect& in_rect, QRandomGenerator& io_random)
-{
-    const QPoint corner(in_rect.x() + Shift(io_random), in_rect.y() + Shift(io_random));
-    return QRect(corner, QSize(qMax(0, in_rect.width() + Shift(io_random)), qMax(0, in_rect.height())));
 }
 
 QVariant RandomFont(QFont in_font, QRandomGenerator& io_random)
@@ -50,9 +46,9 @@ QVariant RandomValue(const CProperty& in_property, const QVariant& in_present, Q
     case QMetaType::Bool:
         return !in_present.toBool();
     case QMetaType::Int:
-        return in_present.toInt() + Shift(io_random) * (in_present.toInt() < INT_MAX - g_iFar ? 1 : 0);
+        return Near(in_present.toInt(), io_random);
     case QMetaType::Double:
-        return in_present.toDouble() + Shift(io_random) / 8.;
+        return in_present.toDouble() / io_random.bounded(2, g_iFar);
     case QMetaType::QString:
         return in_present.toString() + QChar('a' + io_random.bounded(26));
     case QMetaType::QColor:
@@ -60,11 +56,11 @@ QVariant RandomValue(const CProperty& in_property, const QVariant& in_present, Q
     case QMetaType::QFont:
         return RandomFont(in_present.value<QFont>(), io_random);
     case QMetaType::QPoint:
-        return RandomRect(QRect(in_present.toPoint(), QSize()), io_random).topLeft();
+        return in_present.toPoint() + QPoint(0, Near(0, io_random));
     case QMetaType::QSize:
-        return RandomRect(QRect(QPoint(), in_present.toSize()), io_random).size();
+        return QSize(Near(in_present.toSize().width(), io_random), in_present.toSize().height());
     case QMetaType::QRect:
-        return RandomRect(in_present.toRect(), io_random);
+        return in_present.toRect().translated(Near(0, io_random), 0);
     default:
         return QVariant();
     }
