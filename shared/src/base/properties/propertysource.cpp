@@ -52,7 +52,8 @@ public:
 
     QVariant Read() const override
     {
-        return m_pObject ? Plain(m_meta.read(m_pObject), m_meta.isEnumType()) : QVariant();
+        const bool bHasType = m_meta.userType() != QMetaType::UnknownType; // Qt 5 warns when it is asked for others
+        return m_pObject && bHasType ? Plain(m_meta.read(m_pObject), m_meta.isEnumType()) : QVariant();
     }
 
     bool Write(const QVariant& in_value) override { return m_pObject && m_meta.write(m_pObject, in_value); }
