@@ -9,6 +9,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QUndoStack>
 
 #include <algorithm>
 #include <cstdio>
@@ -76,21 +77,30 @@ CExercise::CExercise(CProbe& in_probe, int in_iEdits) : m_probe(in_probe), m_ran
     m_timer.start(0);
 }
 
-/// A dialog that an edit made the program show is closed, as nobody else would.
+/// A dialog that a step made the program show is dismissed, as nobody else would.
 void CExercise::Step()
 {
     QWidget* pDialog = QApplication::activeModalWidget();
-    if (m_bInStep && pDialog)
+    if (pDialog && (m_bInStep || m_bClosing))
     {
         ++m_iDialogs;
         Dismiss(*pDialog);
-        return;
     }
-    if (m_bInStep || !HasProgramWindow())
+    else if (!m_bInStep && (m_bClosing || HasProgramWindow()))
     {
+        m_bInStep = true;
+        Work();
+        m_bInStep = false;
+    }
+}
+
+void CExercise::Work()
+{
+    if (m_bClosing)
+    {
+        CloseProgram();
         return;
     }
-    m_bInStep = true;
     if (m_iNext == m_objects.size())
     {
         List();
@@ -105,10 +115,9 @@ void CExercise::Step()
     }
     else
     {
-        CloseProgram();
-        return;
+        Report();
+        m_bClosing = true;
     }
-    m_bInStep = false;
 }
 
 /// Adds the objects that are new since the last time.
@@ -165,7 +174,7 @@ void CExercise::Edit(const tPropertyPtr& in_pProperty, const QVariant& in_value)
     const QString strClass = QString::fromLatin1(in_pProperty->Object()->metaObject()->className());
     m_probe.Window().Page().Write(in_pProperty, in_value);
     QCoreApplication::processEvents();
-    m_probe.Window().Page().Write(in_pProperty, before);
+    m_probe.Window().Page().UndoStack()->undo();
     QCoreApplication::processEvents();
     ++m_iEdits;
     if (in_pProperty->Object() && in_pProperty->Read() != before)
@@ -186,15 +195,10 @@ void CExercise::Report() const
     }
 }
 
-/// The way a person closes a program; one that does not end by that is told to quit. Until it has ended it may ask
-/// questions, so this step never ends.
+/// The way a person closes a program; one that does not end by that is told to quit. Again at each step, as the program
+/// may only now come to its event loop.
 void CExercise::CloseProgram()
 {
-    Report();
     QApplication::closeAllWindows();
-    if (HasProgramWindow())
-    {
-        std::fputs("inspect: the program did not close its windows when asked to, and was told to quit\n", stderr);
-    }
     QCoreApplication::quit();
 }

@@ -27,6 +27,7 @@ private:
     CExercise(CProbe& in_probe, int in_iEdits);
 
     void Step();
+    void Work();
     void List();
     void Show(QObject* in_pObject);
     void EditAny();
@@ -42,6 +43,7 @@ private:
     int m_iNext = 0;                    ///< of the objects
     int m_iEditsLeft;
     bool m_bInStep = false; ///< the program runs an event loop inside a step: it shows a dialog
+    bool m_bClosing = false;
 
     int m_iRead = 0;
     int m_iEdits = 0;

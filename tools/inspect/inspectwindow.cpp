@@ -128,6 +128,7 @@ QWidget* CInspectWindow::CreatePages()
 {
     m_pPages = new QTabWidget;
     m_pProperties = new CPropertyView;
+    m_pProperties->Page().UseOwnUndoStack();
     m_pSignals = new QPlainTextEdit;
     connect(m_pProperties, &CPropertyView::LinkActivated, this, &CInspectWindow::Select);
     m_pPages->addTab(m_pProperties, QStringLiteral("Properties"));
