@@ -25,7 +25,7 @@ public:
     bool Open() { return TestSupport::ShowWindow(&Inspector()) && TestSupport::ShowWindow(&m_window); }
 
     CInspectWindow& Inspector() { return m_probe.Window(); }
-    QLineEdit* Filter() { return Inspector().findChild<QLineEdit*>(); }
+    QLineEdit* Filter() { return Inspector().findChild<QLineEdit*>(QStringLiteral("treeFilter")); }
 
     QString Selected()
     {

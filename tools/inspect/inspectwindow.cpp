@@ -109,6 +109,7 @@ QWidget* CInspectWindow::CreateFilter()
     QWidget* pRow = new QWidget;
     QLineEdit* pLine = new QLineEdit;
     QComboBox* pColumn = new QComboBox;
+    pLine->setObjectName(QStringLiteral("treeFilter"));
     pLine->setPlaceholderText(QStringLiteral("Filter"));
     pLine->setClearButtonEnabled(true);
     pColumn->addItems(
