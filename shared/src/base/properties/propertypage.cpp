@@ -17,28 +17,6 @@ CPropertyGroup CPropertyPage::AddGroup(const QString& in_strTitle)
     return CPropertyGroup(this, Insert(pItem, nullptr));
 }
 
-void CPropertyPage::AddObject(QObject* in_pObject)
-{
-    AddGroups(PropertySource::OfObject(in_pObject));
-}
-
-void CPropertyPage::AddObjects(const QList<QObject*>& in_objects)
-{
-    AddGroups(PropertySource::OfObjects(in_objects));
-}
-
-void CPropertyPage::AddGroups(const std::vector<PropertySource::sGroup>& in_groups)
-{
-    for (const PropertySource::sGroup& group : in_groups)
-    {
-        CPropertyGroup added = AddGroup(group.title);
-        for (const tPropertyPtr& pProperty : group.properties)
-        {
-            added.AddProperty(pProperty);
-        }
-    }
-}
-
 void CPropertyPage::Clear()
 {
     const QPointer<CPropertyPage> self(this);

@@ -10,6 +10,7 @@
 #include <map>
 #include <utility>
 
+class CPropertyAdapter;
 class CPropertyPage;
 class CPropertyReferences;
 class CPropertyStep;
@@ -190,6 +191,10 @@ public:
     /// all.
     void AddObjects(const QList<QObject*>& in_objects);
 
+    /// Lets the rules of an adapter, which is copied, say which properties of objects shown from now on are there,
+    /// where and how; of several objects those of the class that all have in common.
+    void SetAdapter(const CPropertyAdapter& in_adapter);
+
     /// Takes everything away. What is being typed is taken over first.
     void Clear();
 
@@ -284,7 +289,7 @@ private Q_SLOTS:
     void OnNotified();
 
 private:
-    void AddGroups(const std::vector<PropertySource::sGroup>& in_groups);
+    void AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass);
     void Listen(sPropertyItem& in_item);
     void StopListening();
     std::vector<tPropertyPtr> Watched(const tPropertyPtr& in_pProperty) const;
@@ -302,6 +307,7 @@ private:
         std::vector<sPropertyItem*> rows;
     };
 
+    std::shared_ptr<const CPropertyAdapter> m_pAdapter; ///< null: none
     std::vector<std::shared_ptr<sPropertyItem>> m_items;
     std::map<tSignal, sListeners> m_listeners; ///< the rows that a signal is about
     IPropertyPageClient* m_pClient = nullptr;
