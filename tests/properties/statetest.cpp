@@ -2,6 +2,9 @@
 #include "propertyview.h"
 #include "testsupport.h"
 
+#include <QLabel>
+#include <QTextDocument>
+
 namespace
 {
 /// Groups of groups; the texts tell which rows are shown.
@@ -75,6 +78,23 @@ private Q_SLOTS:
         QCOMPARE(page.Shown(), QStringLiteral("abce"));
         other.Expand(false);
         QCOMPARE(page.Shown(), QStringLiteral("abc"));
+    }
+
+    /// Of the current row: what looks like markup in a label is none.
+    void Description()
+    {
+        sPage page;
+        page.rows[0].Label(QStringLiteral("a<b>")).Tip(QStringLiteral("less < more"));
+        page.view.SetDescriptionVisible(true);
+        page.view.SetCurrentRow(page.rows[0]);
+        const auto* pLabel = page.view.findChild<QLabel*>();
+        QTextDocument document;
+        document.setHtml(pLabel->text());
+        QCOMPARE(document.toPlainText(), QStringLiteral("a<b>\nless < more"));
+        page.Fill();
+        page.view.SetCurrentRow(page.rows[1]);
+        document.setHtml(pLabel->text());
+        QCOMPARE(document.toPlainText(), QStringLiteral("b\n"));
     }
 
     void NextRun()

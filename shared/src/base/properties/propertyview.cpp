@@ -3,15 +3,18 @@
 #include "propertyarea.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 CPropertyView::CPropertyView(QWidget* in_pParent)
     : QWidget(in_pParent),
       m_pPage(new CPropertyPage(this)),
       m_pArea(new CPropertyArea(*m_pPage)),
-      m_pFilterLine(new QLineEdit)
+      m_pFilterLine(new QLineEdit),
+      m_pDescription(new QLabel)
 {
     auto* pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
@@ -21,13 +24,22 @@ CPropertyView::CPropertyView(QWidget* in_pParent)
     m_pFilterLine->setPlaceholderText(tr("Filter"));
     m_pFilterLine->setAccessibleName(tr("Filter"));
     pLayout->addWidget(m_pFilterLine);
-    pLayout->addWidget(m_pArea);
+    pLayout->addWidget(m_pArea, 1);
+    m_pDescription->hide();
+    m_pDescription->setWordWrap(true);
+    m_pDescription->setMargin(4);
+    m_pDescription->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    m_pDescription->setTextFormat(Qt::RichText);
+    m_pDescription->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_pDescription->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    pLayout->addWidget(m_pDescription);
     setFocusProxy(m_pArea);
     // From the event loop: what reading the values does then never meets the line's own code half way.
     connect(
         m_pFilterLine, &QLineEdit::textChanged, this, [this] { ApplyFilter(); }, Qt::QueuedConnection);
     connect(m_pArea, &CPropertyArea::MenuAboutToShow, this, &CPropertyView::MenuAboutToShow);
     connect(m_pArea, &CPropertyArea::FilterWanted, this, &CPropertyView::EnterFilter);
+    connect(m_pArea, &CPropertyArea::CurrentChanged, this, &CPropertyView::Describe);
     connect(m_pArea, &CPropertyArea::CurrentChanged, this, &CPropertyView::CurrentRowChanged);
     connect(m_pArea, &CPropertyArea::LinkActivated, this, &CPropertyView::LinkActivated);
 }
@@ -45,6 +57,7 @@ void CPropertyView::ShowObject(QObject* in_pObject)
     m_pPage->Clear();
     if (self)
     {
+        Describe();
         m_pPage->AddObject(pObject);
     }
 }
@@ -65,6 +78,7 @@ void CPropertyView::ShowObjects(const QList<QObject*>& in_objects)
     }
     if (self)
     {
+        Describe();
         m_pPage->AddObjects(alive);
     }
 }
@@ -178,6 +192,32 @@ int CPropertyView::LabelColumn() const
 void CPropertyView::SetLabelColumn(int in_iWidth)
 {
     m_pArea->SetLabelColumn(in_iWidth);
+}
+
+void CPropertyView::SetDescriptionVisible(bool in_bVisible)
+{
+    m_pDescription->setVisible(in_bVisible);
+    Describe();
+}
+
+bool CPropertyView::IsDescriptionVisible() const
+{
+    return !m_pDescription->isHidden();
+}
+
+/// Always as tall, so that the rows stay where they are.
+void CPropertyView::Describe()
+{
+    if (!IsDescriptionVisible())
+    {
+        return;
+    }
+    const tItemPtr pItem = m_pArea->Current();
+    const QString strTip = pItem ? pItem->Tip() : QString();
+    const QString strLabel = pItem ? pItem->Label().toHtmlEscaped() : QString();
+    m_pDescription->setText(
+        QStringLiteral("<b>%1</b><br>%2").arg(strLabel, Qt::mightBeRichText(strTip) ? strTip : strTip.toHtmlEscaped()));
+    m_pDescription->setFixedHeight(m_pDescription->fontMetrics().lineSpacing() * 3 + 2 * m_pDescription->margin());
 }
 
 void CPropertyView::ExpandAll(bool in_bExpand)

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class CPropertyArea;
+class QLabel;
 class QLineEdit;
 class QMenu;
 class QItemEditorFactory;
@@ -65,6 +66,10 @@ public:
     /// Makes every edit a command on this stack, see CPropertyPage::SetUndoStack.
     void SetUndoStack(QUndoStack* in_pStack) { m_pPage->SetUndoStack(in_pStack); }
 
+    /// A few lines at the foot that tell of the current row: its label and its tip. Hidden at first.
+    void SetDescriptionVisible(bool in_bVisible);
+    bool IsDescriptionVisible() const;
+
     /// The left edge of the values in pixels; -1: as wide as the labels need.
     int LabelColumn() const;
     void SetLabelColumn(int in_iWidth);
@@ -105,10 +110,12 @@ private:
     void EnterFilter();
     void LeaveFilter();
     void ApplyFilter();
+    void Describe();
 
     CPropertyPage* m_pPage;
     CPropertyArea* m_pArea;
     QLineEdit* m_pFilterLine;
+    QLabel* m_pDescription;
 };
 
 #endif
