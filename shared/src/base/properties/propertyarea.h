@@ -120,6 +120,9 @@ public:
     QScrollBar* ScrollBar() const { return m_pScrollBar; }
     CPropertyPage& Page() const { return m_page; }
 
+    /// Goes before anything of this does.
+    const QObject& Whole() const { return m_whole; }
+
     /// The editors that the application registered.
     const CItemEditors* ItemEditors() const { return m_pItemEditors.get(); }
     void SetItemEditorFactory(const QItemEditorFactory* in_pFactory);
@@ -248,6 +251,7 @@ private:
     void FillMenu(const tItemPtr& in_pItem, bool in_bFits);
 
     CPropertyPage& m_page;
+    QObject m_whole;
     std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
     std::unique_ptr<CPropertyEdit> m_pEdit;         ///< what is being edited; null for nothing
     std::unique_ptr<CItemEditors> m_pItemEditors;

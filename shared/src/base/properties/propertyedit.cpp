@@ -39,6 +39,8 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
       m_iPart(in_iPart),
       m_pStep(std::make_shared<CPropertyStep>())
 {
+    // An edit that is being written outlives an area that this destroys, and hears of events meanwhile.
+    connect(&in_area.Whole(), &QObject::destroyed, this, [this] { m_pArea.clear(); });
     const sPropertyEditor editor =
         CPropertyType::Edit(*in_pItem->property, in_iPart, in_area.ItemEditors(), in_area.Content());
     if (!editor.widget)

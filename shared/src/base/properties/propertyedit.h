@@ -60,7 +60,7 @@ private:
     bool OverrideShortcut(QKeyEvent& io_event) const;
     bool EndByKey(const QKeyEvent& in_event);
 
-    const QPointer<CPropertyArea> m_pArea;
+    QPointer<CPropertyArea> m_pArea;
     const QPointer<CPropertyPage> m_pPage;
     const tItemPtr m_pItem;
     const int m_iPart;

@@ -428,9 +428,10 @@ bool CPropertyArea::WorkKey(const QKeyEvent& in_event)
         EditCurrent();
         return true;
     }
-    if (iKey == Qt::Key_Delete && ResetCurrent())
+    if (iKey == Qt::Key_Delete && CanResetCurrent())
     {
-        return true;
+        ResetCurrent();
+        return true; // whatever came of it: this may be gone
     }
     const bool bTyped = pItem->type && pItem->type->Work() == CPropertyType::eTyped;
     if (iKey == Qt::Key_Return || iKey == Qt::Key_Enter || (iKey == Qt::Key_Space && !bTyped))
