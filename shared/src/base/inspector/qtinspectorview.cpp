@@ -285,7 +285,7 @@ void CQTInspectorView::ParentControlToInspector(CInspectorDataWidget* in_pWidget
     m_pFilter->WatchControl(pWidget);
     if (m_pKeyboard)
     {
-        m_pKeyboard->TakeControl(pWidget);
+        m_pKeyboard->TakeControl(*pWidget);
     }
 }
 

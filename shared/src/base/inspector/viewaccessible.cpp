@@ -201,6 +201,7 @@ QAccessibleInterface* CAccessibleView::Message() const
 {
     if (!m_message)
     {
+        // Qt takes it over. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
         m_message = QAccessible::registerAccessibleInterface(new CAccessibleMessage(m_pView));
     }
     return QAccessible::accessibleInterface(m_message);

@@ -83,7 +83,7 @@ CViewKeyboard::CViewKeyboard(CQTInspectorView* in_pView, QWidget* in_pContent, C
     m_pView->installEventFilter(this);
     for (const sRow& row : m_pRows->All())
     {
-        TakeControl(row.control);
+        TakeControl(*row.control);
     }
 }
 
@@ -161,16 +161,16 @@ void CViewKeyboard::Press(QWidget* in_pControl)
 
 /// The application's widgets stand right behind the view in Qt's chain, so that Tab from outside does not come upon
 /// them elsewhere.
-void CViewKeyboard::TakeControl(QWidget* in_pControl)
+void CViewKeyboard::TakeControl(QWidget& io_control)
 {
-    if (dynamic_cast<CQTControl*>(in_pControl))
+    if (dynamic_cast<CQTControl*>(&io_control))
     {
-        const bool bStops = in_pControl->focusPolicy() == Qt::NoFocus && !dynamic_cast<CQTStaticWidget*>(in_pControl);
-        bStops ? in_pControl->setFocusPolicy(Qt::ClickFocus) : void();
+        const bool bStops = io_control.focusPolicy() == Qt::NoFocus && !dynamic_cast<CQTStaticWidget*>(&io_control);
+        bStops ? io_control.setFocusPolicy(Qt::ClickFocus) : void();
         return;
     }
-    QList<QWidget*> widgets = in_pControl->findChildren<QWidget*>();
-    widgets.prepend(in_pControl);
+    QList<QWidget*> widgets = io_control.findChildren<QWidget*>();
+    widgets.prepend(&io_control);
     for (QWidget* pWidget : widgets)
     {
         if (pWidget->focusPolicy() & Qt::TabFocus && !pWidget->isWindow())

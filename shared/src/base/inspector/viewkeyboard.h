@@ -40,7 +40,7 @@ public:
     static void Press(QWidget* in_pControl);
 
     /// Lets a data widget, new to the view, take part.
-    void TakeControl(QWidget* in_pControl);
+    void TakeControl(QWidget& io_control);
 
     /// Hands an event to a control, and does what is to be done before and after it.
     bool Deliver(CQTControl* in_pControl, QEvent* in_pEvent);
