@@ -13,4 +13,5 @@ function(inspector_check_headers name)
     add_library(${name} OBJECT ${sources})
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE inspectorwarnings ${arg_LIBRARIES})
+    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS) # as an application may
 endfunction()

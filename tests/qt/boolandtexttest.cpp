@@ -13,6 +13,7 @@ private slots:
     void initTestCase() { TestSupport::FailOnWarnings(); }
     void BoolToggles();
     void TextIsReported();
+    void TextIsReportedOnce();
     void TextSurvivesRefresh();
     void ButtonTakesPressesWhereItIsPainted();
 };
@@ -64,6 +65,27 @@ void BoolAndTextTest::TextIsReported()
         }
         QVERIFY2(page.m_log.Take() == Latin(row.m_strLog), row.m_strName);
     }
+}
+
+void BoolAndTextTest::TextIsReportedOnce()
+{
+    struct CCountingElement : CSimpleDataElement
+    {
+        using CSimpleDataElement::OnCtrlValueChange;
+        void OnCtrlValueChange() override { ++m_iReports; }
+        int m_iReports = 0;
+    };
+    CTestPage page;
+    page.Add<CQTSimpleTextWidget, CSimpleDataElement>("other");
+    auto* pElement = new CCountingElement;
+    auto* pText = new CQTSimpleTextWidget;
+    page.m_pController->AddItem(pElement, pText, nullptr);
+    page.m_pView->AddElement(pElement, pText, "text", nullptr, nullptr);
+    QVERIFY(page.Open());
+    pText->setFocus();
+    QTest::keyClick(pText, Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(!pText->hasFocus());
+    QCOMPARE(pElement->m_iReports, 1);
 }
 
 /// The text that the user is typing is kept, one that he only looks at follows the element; the same text

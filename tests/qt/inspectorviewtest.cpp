@@ -15,6 +15,7 @@ private slots:
     void AreasAroundScroll();
     void WheelScrolls();
     void RightButton();
+    void MirroredValuesAreWhole();
     void ScreenFollowsValues();
     void ScrolledViewShowsAPartOfTheTall();
     void LabelsAreMeasuredAnew();
@@ -176,6 +177,26 @@ void InspectorViewTest::WheelScrolls()
 }
 
 /// What the right button does on a row reaches it whole; none of it while another widget has the mouse.
+void InspectorViewTest::MirroredValuesAreWhole()
+{
+    CTestPage page;
+    page.AddLine("size", "20");
+    QVERIFY(page.Open());
+    QWidget* pLine = page.WidgetAt<QWidget>(0);
+    int inked[2] = {};
+    for (int iMirrored : {0, 1})
+    {
+        page.m_window.setLayoutDirection(iMirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        const QImage image = TestSupport::Painted(pLine);
+        for (int i = 0; i < image.width() * image.height(); ++i)
+        {
+            inked[iMirrored] += image.pixel(i % image.width(), i / image.width()) != image.pixel(image.width() / 2, 1);
+        }
+    }
+    QVERIFY(inked[0] > 0);
+    QCOMPARE(inked[1], inked[0]);
+}
+
 void InspectorViewTest::RightButton()
 {
     CTestPage page;

@@ -20,6 +20,12 @@ public:
         m_acts["set"] = [this](int in_iRow) { m_lines[in_iRow]->SetText("m"); };
         m_acts["into"] = [this](int in_iRow) { Click(Aim(in_iRow), QPoint(60, 9)); };
         m_acts["menu"] = [this](int in_iRow) { Click(Aim(in_iRow), QPoint(60, 9), Qt::RightButton); };
+        m_acts["edge"] = [this](int) { m_pView->m_pScrollBar->setValue(20); };
+        m_acts["beside"] = [this](int) { WatchBeside(); };
+        m_acts["shortcut"] = [this](int) {
+            QEvent event(QEvent::Shortcut);
+            QCoreApplication::sendEvent(&m_window, &event);
+        };
         m_acts["slow"] = [this](int) { BeSlow(); };
         m_acts["finish"] = [this](int) { m_pView->FinishEditing(); };
         m_acts["edit"] = [this](int in_iRow) { WidgetAt<CQTSimpleDataWidget>(in_iRow)->StartEditing(); };
@@ -37,6 +43,21 @@ public:
 private:
     /// What is to be aimed at: the X server finds the editor over a row by itself.
     QWidget* Aim(int in_iRow) const { return IsReal() ? WidgetAt<QWidget>(in_iRow) : Editor(); }
+
+    /// A button beside the view has the focus at first, and is not to be pressed.
+    void WatchBeside()
+    {
+        if (QPushButton* pButton = m_window.findChild<QPushButton*>())
+        {
+            pButton->isChecked() ? m_log.Note(eCommand, "pressed") : void();
+            return;
+        }
+        auto* pButton = new QPushButton(&m_window);
+        pButton->setCheckable(true);
+        pButton->setGeometry(0, 300, 50, 20);
+        pButton->show();
+        pButton->setFocus();
+    }
 
     /// Each report takes a tenth of a second from here on.
     void BeSlow()
@@ -140,6 +161,12 @@ void LineEditTest::Editing_data()
         {"a command gets what was typed", "LTC", "press0 x press2 click1 y click2",
          "0=x 0:4 command: 1=y command:", eSent},
         {"so it does with real input", "LTC", "click0 x click2 click1 y click2", "0=x 0:4 command: 1=y command:"},
+        {"Tab whose report hides the page", "LL", "when:leave click0 x Tab", "0=x 0:2"},
+        {"keys after a Tab onto a box", "LB", "beside click0 x Tab space Down beside", "0=x 0:2"},
+        {"Alt types nothing", "LL", "click0 x alt+y Return", "0=x 0:1", eX11 | eWayland},
+        {"a shortcut gets what was typed", "LT", "click0 x shortcut click1 y shortcut z shortcut", "0=x 0:4 1=y 1=yz"},
+        {"view disabled", "LL", "click0 x disable", "0=x 0:4"},
+        {"only the edge was in sight", "LLLLLLLLLLLL", "edge edit0 scroll", "0:4"},
         {"row removed", "LL", "click0 x remove0", "0-"},
         {"last row removed in the report", "LL", "when:clear click0 x Tab", "0=x 0- 1-"},
         {"view deleted in the report", "LL", "when:delete click0 x Tab", "0=x"},

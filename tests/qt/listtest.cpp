@@ -194,6 +194,7 @@ void ListTest::Editing_data()
 
         {"scrolled out of sight", "EEEEEEEEEEEE", "click0 scroll", "0:4"},
         {"content hidden", "E", "click0 hide", "0:4"},
+        {"view disabled", "E", "click0 disable", "0:4"},
         {"page left", "E", "click0 leave", "0:4"},
         {"window closed", "E", "click0 close", "0:4"},
         {"window moved", "E", "click0 move", "0:4"},

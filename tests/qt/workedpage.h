@@ -221,6 +221,7 @@ private:
     {
         m_acts["scroll"] = [=](int) { m_pView->m_pScrollBar->setValue(m_pView->m_pScrollBar->maximum()); };
         m_acts["hide"] = [=](int) { m_pView->ShowContent(false, false); };
+        m_acts["disable"] = [=](int) { m_pView->setEnabled(false); };
         m_acts["leave"] = [=](int) { m_pView->hide(); };
         m_acts["narrow"] = [=](int) { m_pView->ResizeInspector(250, 200); };
         m_acts["move"] = [=](int) { m_window.move(170, 190); };

@@ -4,6 +4,7 @@
 /// What the data widgets have in common. Private to the library.
 /// \file
 
+#include "inplacekeeper.h"
 #include "inspectorqt.h"
 #include "qtsimpledataelement.h"
 
@@ -32,6 +33,13 @@ inline void MoveTo(QWidget* in_pWidget, int in_iX, int in_iY)
     {
         in_pWidget->move(in_iX, in_iY);
     }
+}
+
+/// Where a value's text is painted. Mirrored, a rectangle keeps its place but the text begins at its other end.
+inline QRect TextRect(const QWidget* in_pWidget)
+{
+    const int iIndent = in_pWidget->isRightToLeft() ? -eTextIndent : eTextIndent;
+    return in_pWidget->rect().translated(iIndent, 0);
 }
 
 /// What an element gives as text; false, and nothing changed, when it gives none.

@@ -167,6 +167,11 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
         {
             return eType == QEvent::KeyPress ? EndWith(eCause) : ClaimKey(in_pEvent);
         }
+        if (InspectorQt::IsMnemonic(*static_cast<QKeyEvent*>(in_pEvent)))
+        {
+            in_pEvent->ignore();
+            return false;
+        }
     }
     const bool bDeactivated = eType == QEvent::WindowDeactivate;
     const bool bLeft =

@@ -24,6 +24,13 @@ void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
 }
 } // namespace
 
+void TakeLook(QWidget* in_pEditor, const QWidget* in_pOver)
+{
+    in_pEditor->setFont(in_pOver->font());
+    in_pEditor->setPalette(in_pOver->palette());
+    in_pEditor->setLayoutDirection(in_pOver->layoutDirection());
+}
+
 QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
 {
     return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_rect.size()); // Qt 4 asks the X server each time
@@ -115,6 +122,16 @@ void CInPlaceKeeper::EndAll(const QWidget* in_pAround, const std::function<void(
     }
 }
 
+bool CInPlaceKeeper::IsOpenOver(const QWidget* in_pWidget)
+{
+    const CInPlaceKeeper* pKeeper = s_pFirst;
+    while (pKeeper && pKeeper->m_pOver != in_pWidget)
+    {
+        pKeeper = pKeeper->m_pNext;
+    }
+    return pKeeper;
+}
+
 bool CInPlaceKeeper::IsOpenIn(const QWidget* in_pAround) const
 {
     return m_pOver && (!in_pAround || in_pAround->isAncestorOf(m_pOver));
@@ -134,6 +151,7 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     m_bOverdue = false;
     qApp->installEventFilter(this);
     InspectorAccessible::NameEditor(m_pEditor, in_pOver);
+    m_eKind == eLine ? TakeLook(m_pEditor, in_pOver) : void(); // a list has it since before its rows were measured
     IsInside() ? OpenInside() : OpenWindow(in_flags);
     m_iActivations = g_iActivations;
     m_look.start(g_iLookInterval, this);
@@ -277,6 +295,8 @@ bool CInPlaceKeeper::WatchOver(QObject* in_pWatched, QEvent* in_pEvent)
             QCoreApplication::postEvent(this, new QEvent(g_eReplay)); // Qt still goes on with the activation
         }
         return false;
+    case QEvent::Shortcut:
+        return EndOnShortcut(in_pWatched);
     case QEvent::MouseButtonPress:
         FlushKeys();
         return m_pOver && (m_eKind == eDropDown || InspectorQt::IsWayland()) && !IsOnEditor(in_pWatched, in_pEvent) &&
@@ -293,6 +313,7 @@ bool CInPlaceKeeper::WatchOver(QObject* in_pWatched, QEvent* in_pEvent)
     case QEvent::Hide:
     case QEvent::ParentChange:
     case QEvent::WindowStateChange:
+    case QEvent::EnabledChange:
         if (in_pWatched == m_pEditor || IsOverOrAround(in_pWatched))
         {
             RequestCheck();
@@ -428,6 +449,14 @@ void CInPlaceKeeper::EndEditing()
     QCoreApplication::sendEvent(m_pEditor, &deactivation);
 }
 
+/// What a shortcut does works on what was typed.
+bool CInPlaceKeeper::EndOnShortcut(QObject* in_pWatched)
+{
+    const QPointer<QObject> pWatched = in_pWatched;
+    EndEditing();
+    return !pWatched;
+}
+
 bool CInPlaceKeeper::IsOnEditor(QObject* in_pWatched, QEvent* in_pEvent) const
 {
     const QWidget* pPressed =
@@ -480,6 +509,6 @@ QRect CInPlaceKeeper::OverRect() const
 
 bool CInPlaceKeeper::IsInSight() const
 {
-    return m_pOver->isVisible() && !m_pOver->window()->isMinimized() &&
-           m_pOver->visibleRegion().contains(m_pOver->rect().center());
+    return m_pOver->isVisible() && m_pOver->isEnabled() && !m_pOver->window()->isMinimized() &&
+           !m_pOver->visibleRegion().isEmpty();
 }

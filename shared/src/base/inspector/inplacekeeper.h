@@ -78,6 +78,9 @@ public:
     /// Ends what a report of EndEdits has begun to edit in place inside a widget.
     static void DropEdits(const QWidget* in_pAround);
 
+    /// Whether an editor is open over a widget.
+    static bool IsOpenOver(const QWidget* in_pWidget);
+
     /// Closes open lists, and reports that.
     static void CloseLists();
 
@@ -124,6 +127,7 @@ private:
     void RequestCheck();
     void Follow();
     void EndEditing();
+    bool EndOnShortcut(QObject* in_pWatched);
     bool EndOnPress(QObject* in_pWatched);
     bool IsOverOrAround(const QObject* in_pObject) const;
     QRect OverRect() const;
@@ -155,6 +159,9 @@ private:
     int m_iBusy = 0;
     bool m_bRetired = false;
 };
+
+/// Gives an editor the font, the palette and the direction of what it edits.
+void TakeLook(QWidget* in_pEditor, const QWidget* in_pOver);
 
 /// A rectangle of a widget in global coordinates.
 QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect);

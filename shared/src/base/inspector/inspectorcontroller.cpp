@@ -401,4 +401,8 @@ template <class Direction> void CInspectorController::GiveFocusToNeighbour(CInsp
     {
         neighbour->StartEditing();
     }
+    if (neighbour && View()) // or all may be gone
+    {
+        View()->GiveFocusTo(neighbour.Get());
+    }
 }

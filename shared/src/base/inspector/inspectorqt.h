@@ -225,6 +225,18 @@ template <class Filter> void WatchWindows(QWidget* in_pWidget, Filter* in_pFilte
 #endif
 }
 
+/// Whether a key with its modifiers is no text but asks for a mnemonic; Qt would type its letter.
+inline bool IsMnemonic(const QKeyEvent& in_key)
+{
+#ifdef Q_OS_MAC
+    Q_UNUSED(in_key);
+    return false; // there Alt makes other letters
+#else
+    return (in_key.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier &&
+           !in_key.text().isEmpty();
+#endif
+}
+
 /// The height by which QPainter::drawText centres a line.
 inline qreal LineHeight(const QTextLine& in_line)
 {

@@ -394,6 +394,8 @@ bool CInspectorView::MoveFocusFrom(CInspectorDataWidget*, bool)
     return false;
 }
 
+void CInspectorView::GiveFocusTo(CInspectorDataWidget*) {}
+
 void CInspectorView::RecomputeLayout()
 {
     m_iContentHeight = 0;

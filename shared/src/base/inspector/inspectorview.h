@@ -251,6 +251,10 @@ public:
     /// moves the focus itself, and answers true. False here.
     virtual bool MoveFocusFrom(CInspectorDataWidget* in_pWidget, bool in_bForward);
 
+    /// Called by the controller when a control that Tab reached has been asked to start editing: the control takes the
+    /// focus, so that no key reaches anything else. Does nothing here.
+    virtual void GiveFocusTo(CInspectorDataWidget* in_pWidget);
+
     /// A new empty holder, owned by the view.
     sInspectorHolder* CreateNewHolder();
 

@@ -123,6 +123,7 @@ void CQTEnumDataWidget::mousePressEvent(QMouseEvent* in_pEvent)
     {
         return;
     }
+    TakeLook(m_pList.get(), this);
     m_pList->ClearList();
     std::vector<CEnumDataElement::sEnumDefinition::sEnumItem> items;
     pElement->m_pDefinition->GetAllItems(m_eSortingMethod, items);
@@ -147,6 +148,6 @@ void CQTEnumDataWidget::paintEvent(QPaintEvent*)
     if (!m_strValue.isEmpty() && pElement && pElement->m_pDefinition)
     {
         const std::string strDisplay = pElement->m_pDefinition->GetDisplayFromValue(BytesOf(m_strValue, m_strLoaded));
-        PaintText(painter, QRect(eTextIndent, 0, width(), height()), InspectorQt::Text(strDisplay));
+        PaintText(painter, TextRect(this), InspectorQt::Text(strDisplay));
     }
 }

@@ -202,6 +202,22 @@ void CQTInspectorView::ScrollTo(int in_iY)
     m_pScrollBar->setValue(m_iViewHeight < m_iContentHeight ? in_iY : 0);
 }
 
+void CQTInspectorView::GiveFocusTo(CInspectorDataWidget* in_pWidget)
+{
+    const QPointer<QWidget> pControl = dynamic_cast<QWidget*>(in_pWidget);
+    const QWidget* pFocused = QApplication::focusWidget();
+    const bool bHasIt = pControl && (pControl == pFocused || pControl->isAncestorOf(pFocused));
+    if (!pControl || !pControl->isVisible() || bHasIt || CInPlaceKeeper::IsOpenOver(pControl))
+    {
+        return;
+    }
+    m_pFilter->TakeFocus(); // its report may destroy what Qt would go on with
+    if (pControl)
+    {
+        pControl->setFocus(Qt::TabFocusReason);
+    }
+}
+
 void CQTInspectorView::FinishEditing()
 {
     m_pFilter->FinishEditing();

@@ -89,7 +89,10 @@ public:
     /// With the keyboard navigation on, moves the focus on, and goes on editing when it reaches a line.
     bool MoveFocusFrom(CInspectorDataWidget* in_pWidget, bool in_bForward) override;
 
-public slots:
+    /// Nothing when the control, or an editor over it, has the focus already.
+    void GiveFocusTo(CInspectorDataWidget* in_pWidget) override;
+
+public Q_SLOTS:
     /// Scrolls to the scroll bar's value; the parameter is ignored.
     void SliderValueChanged(int value);
 

@@ -12,6 +12,15 @@
 
 using namespace InspectorWidgets;
 
+namespace
+{
+/// A row that Tab has reached has the focus, and does nothing with it; but Escape and shortcuts are the window's.
+bool IsForRow(const QKeyEvent& in_key)
+{
+    return in_key.key() != Qt::Key_Escape && !(in_key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+}
+} // namespace
+
 bool CQTControl::event(QEvent* in_pEvent)
 {
     CQTInspectorView* pView = CViewFilter::Handles(*in_pEvent) ? CQTInspectorView::Of(this) : nullptr;
@@ -19,8 +28,16 @@ bool CQTControl::event(QEvent* in_pEvent)
     {
         return true;
     }
-    CViewKeyboard* pKeyboard = CViewKeyboard::For(this, *in_pEvent);
-    return pKeyboard ? pKeyboard->Deliver(this, in_pEvent) : QWidget::event(in_pEvent);
+    if (CViewKeyboard* pKeyboard = CViewKeyboard::For(this, *in_pEvent))
+    {
+        return pKeyboard->Deliver(this, in_pEvent);
+    }
+    const bool bHandled = QWidget::event(in_pEvent);
+    if (in_pEvent->type() == QEvent::KeyPress && IsForRow(*static_cast<QKeyEvent*>(in_pEvent)))
+    {
+        in_pEvent->accept(); // it is not for what is around
+    }
+    return bHandled;
 }
 
 void CQTControl::PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText) const
@@ -108,9 +125,9 @@ void CQTSimpleDataWidget::StartEditing()
     const QPointer<QWidget> self(this);
     const bool bHidden = size().isEmpty();
     g_pInPlace->SetSink(this);
-    if (!self || (!bHidden && size().isEmpty()))
+    if (!self || !isVisible() || (!bHidden && size().isEmpty()))
     {
-        return; // ending another row's edit rebuilt the page, or hid its content
+        return; // ending another row's edit rebuilt the page, or hid it or its content
     }
     g_pInPlace->SetText(InspectorQt::Bytes(m_strValue).c_str());
     g_pInPlace->InPlaceEdit(this, rect());
@@ -163,7 +180,7 @@ void CQTSimpleDataWidget::paintEvent(QPaintEvent*)
     painter.fillRect(0, 0, width(), height(), Colour(this, QPalette::Base));
     if (!m_strValue.isEmpty())
     {
-        PaintText(painter, QRect(eTextIndent, 0, width(), height()), m_strValue);
+        PaintText(painter, TextRect(this), m_strValue);
     }
 }
 
@@ -361,7 +378,25 @@ void CQTSimpleTextWidget::focusOutEvent(QFocusEvent* in_pEvent)
     {
         return; // its own context menu: the editing goes on, and so does Qt with this widget
     }
+    qApp->removeEventFilter(this);
+    m_bLeaving ? void() : ReportText();
+}
+
+void CQTSimpleTextWidget::focusInEvent(QFocusEvent* in_pEvent)
+{
+    qApp->installEventFilter(this);
+    QTextEdit::focusInEvent(in_pEvent);
+}
+
+bool CQTSimpleTextWidget::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
+{
+    if (in_pEvent->type() != QEvent::Shortcut)
+    {
+        return false;
+    }
+    const QPointer<QObject> pWatched = in_pWatched;
     ReportText();
+    return !pWatched;
 }
 
 /// Losing the focus reports, which may destroy the widget that Qt has found to get it: reported before Qt looks. A Tab
@@ -373,9 +408,19 @@ bool CQTSimpleTextWidget::focusNextPrevChild(bool in_bNext)
     {
         return QTextEdit::focusNextPrevChild(in_bNext);
     }
-    const QPointer<QWidget> self(this);
+    const QPointer<CQTSimpleTextWidget> self(this);
     ReportText();
-    return !self || (bKeyboard ? QWidget::focusNextPrevChild(in_bNext) : QTextEdit::focusNextPrevChild(in_bNext));
+    if (!self)
+    {
+        return true;
+    }
+    m_bLeaving = true;
+    const bool bMoved = QWidget::focusNextPrevChild(in_bNext); // QTextEdit would leave Shift+Tab to its parents
+    if (self)
+    {
+        m_bLeaving = false;
+    }
+    return bMoved;
 }
 
 void CQTSimpleTextWidget::ReportText()

@@ -67,7 +67,7 @@ public:
     /// Deletes the editor, later if it is in use.
     void Retire();
 
-public slots:
+public Q_SLOTS:
     /// Ends editing, if it is going on: hides the editor, then tells the sink.
     void OnFinishEditing();
 
@@ -207,6 +207,10 @@ protected:
     /// Reports the text, unless the focus goes to the context menu. QTextEdit's own handling is left out on purpose.
     void focusOutEvent(QFocusEvent* in_pEvent) override;
     bool focusNextPrevChild(bool in_bNext) override;
+    void focusInEvent(QFocusEvent* in_pEvent) override;
+
+    /// While the text has the focus, a shortcut of the application's works on what was typed: reported before.
+    bool eventFilter(QObject* in_pWatched, QEvent* in_pEvent) override;
 
 private:
     void ReportText();
@@ -214,6 +218,7 @@ private:
 
     std::string m_strLoaded;  ///< what the element gave last
     QString m_strShown;       ///< the plain text that was shown for the element's value
+    bool m_bLeaving = false;  ///< reported already, and about to lose the focus
     bool m_bOutdated = false; ///< m_strLoaded came while something else was being typed
 };
 
@@ -251,7 +256,7 @@ public:
     /// Deletes the list, later if it is in use; never once the application object is gone.
     static void Retire(CInPlaceList* in_pList);
 
-public slots:
+public Q_SLOTS:
     /// Reports the item's value; a null item reports an empty one.
     void OnItemClicked(QListWidgetItem* in_pItem);
 
