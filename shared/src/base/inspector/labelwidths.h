@@ -22,7 +22,7 @@ public:
     /// From here on, labels that were not asked for since the last call are those of the page before that.
     void StartPage();
 
-public slots:
+public Q_SLOTS:
     /// Forgets everything, as when the fonts known to the process have changed.
     void Forget();
 

@@ -18,7 +18,7 @@ public:
     /// Draws a text left-aligned and vertically centred, the same pixels as QPainter::drawText with these flags.
     void Draw(QPainter& in_painter, const QRect& in_rect, const QString& in_strText);
 
-public slots:
+public Q_SLOTS:
     /// Forgets all texts, as when the fonts known to the process have changed.
     void Forget();
 
