@@ -7,6 +7,7 @@
 #include "randomvalue.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QUndoStack>
@@ -31,6 +32,21 @@ std::vector<tPropertyPtr> PropertiesOf(QObject* in_pObject)
 bool IsProgramWindow(const QWidget* in_pWidget)
 {
     return in_pWidget->isVisible() && !CApartWindow::Owns(in_pWidget);
+}
+
+/// Whether the object is one of several of which one is checked: checking it unchecks another, which no undo of its own
+/// checks again.
+bool IsOneOfSeveral(const QObject* in_pObject)
+{
+    const auto* pAction = qobject_cast<const QAction*>(in_pObject);
+    const auto* pButton = qobject_cast<const QAbstractButton*>(in_pObject);
+    return (pAction && pAction->actionGroup()) || (pButton && (pButton->group() || pButton->autoExclusive()));
+}
+
+bool CanEdit(const CProperty& in_property)
+{
+    const bool bChecks = in_property.Name() == QLatin1String("checked") && IsOneOfSeveral(in_property.Object());
+    return !in_property.IsReadOnly() && !bChecks;
 }
 
 /// Answers that nothing is to be saved, or else closes it.
@@ -157,7 +173,7 @@ void CExercise::EditAny()
         const std::vector<tPropertyPtr> properties = PropertiesOf(pObject);
         const tPropertyPtr pProperty =
             properties.empty() ? nullptr : properties[m_random.bounded(static_cast<quint32>(properties.size()))];
-        const bool bWritable = pProperty && !pProperty->IsReadOnly();
+        const bool bWritable = pProperty && CanEdit(*pProperty);
         const QVariant value = bWritable ? RandomValue(*pProperty, pProperty->Read(), m_random) : QVariant();
         if (value.isValid())
         {
