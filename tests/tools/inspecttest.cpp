@@ -248,7 +248,10 @@ private slots:
     {
         CProgram program;
         QVERIFY(program.Open());
-        QTimer::singleShot(0, &program.m_window, &QWidget::close);
+        program.Inspector().move(400, 0);
+        program.Inspector().Select(program.m_pOk);
+        QVERIFY(WaitUntil([&] { return program.Inspector().findChild<CWidgetFrame*>()->isVisible(); }));
+        QTimer::singleShot(0, qApp, &QApplication::closeAllWindows);
         QTimer::singleShot(5000, &program.m_window, [] { QCoreApplication::exit(1); });
         QCOMPARE(QCoreApplication::exec(), 0);
     }

@@ -49,24 +49,33 @@ bool CanEdit(const CProperty& in_property)
     return !in_property.IsReadOnly() && !bChecks;
 }
 
-/// Answers that nothing is to be saved, or else closes it.
-void Dismiss(QWidget& io_dialog)
+/// A button of a dialog's box that has one of these roles; null for none.
+QAbstractButton* FindButton(const QWidget& in_dialog, std::initializer_list<QDialogButtonBox::ButtonRole> in_roles)
 {
-    const QList<QDialogButtonBox*> boxes = io_dialog.findChildren<QDialogButtonBox*>();
+    const QList<QDialogButtonBox*> boxes = in_dialog.findChildren<QDialogButtonBox*>();
     for (const QDialogButtonBox* pBox : boxes)
     {
         const QList<QAbstractButton*> buttons = pBox->buttons();
         for (QAbstractButton* pButton : buttons)
         {
-            const QDialogButtonBox::ButtonRole eRole = pBox->buttonRole(pButton);
-            if (eRole == QDialogButtonBox::DestructiveRole || eRole == QDialogButtonBox::NoRole)
+            if (std::count(in_roles.begin(), in_roles.end(), pBox->buttonRole(pButton)) > 0)
             {
-                pButton->click();
-                return;
+                return pButton;
             }
         }
     }
-    io_dialog.close();
+    return nullptr;
+}
+
+/// Answers that nothing is to be saved, or closes it, or else says OK to one that does not let itself be closed.
+void Dismiss(QWidget& io_dialog)
+{
+    QAbstractButton* pButton = FindButton(io_dialog, {QDialogButtonBox::DestructiveRole, QDialogButtonBox::NoRole});
+    if (!pButton && !io_dialog.close())
+    {
+        pButton = FindButton(io_dialog, {QDialogButtonBox::AcceptRole});
+    }
+    pButton ? pButton->click() : void();
 }
 
 bool HasProgramWindow()

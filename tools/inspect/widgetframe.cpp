@@ -27,7 +27,7 @@ void CWidgetFrame::SetWidget(QWidget* in_pWidget)
 void CWidgetFrame::Follow(const QObject* in_pMoved)
 {
     const QWidget* pMoved = qobject_cast<const QWidget*>(in_pMoved);
-    if (m_pWidget && pMoved && (pMoved == m_pWidget || pMoved == window() || pMoved->isAncestorOf(m_pWidget)))
+    if (m_pWidget && pMoved && (pMoved == m_pWidget || pMoved == parentWidget() || pMoved->isAncestorOf(m_pWidget)))
     {
         Place();
     }
@@ -36,7 +36,8 @@ void CWidgetFrame::Follow(const QObject* in_pMoved)
 void CWidgetFrame::Place()
 {
     const QWidget* pWidget = m_pWidget;
-    if (!pWidget || !pWidget->isVisible() || QGuiApplication::applicationState() != Qt::ApplicationActive)
+    if (!pWidget || !pWidget->isVisible() || !parentWidget()->isVisible() ||
+        QGuiApplication::applicationState() != Qt::ApplicationActive)
     {
         hide();
         return;
@@ -46,8 +47,7 @@ void CWidgetFrame::Place()
     winId();
     windowHandle()->setTransientParent(pWidget->window()->windowHandle());
     setGeometry(outside);
-    const QRegion covered = parentWidget()->isVisible() ? parentWidget()->frameGeometry() : QRect();
-    const QRegion frame = QRegion(outside) - inside - covered;
+    const QRegion frame = QRegion(outside) - inside - parentWidget()->frameGeometry();
     setMask(frame.translated(-outside.topLeft()));
     setVisible(!frame.isEmpty());
 }
