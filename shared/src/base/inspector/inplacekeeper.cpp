@@ -24,23 +24,6 @@ void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
 }
 } // namespace
 
-void TakeLook(QWidget* in_pEditor, const QWidget* in_pOver)
-{
-    in_pEditor->setFont(in_pOver->font());
-    in_pEditor->setPalette(in_pOver->palette());
-    in_pEditor->setLayoutDirection(in_pOver->layoutDirection());
-}
-
-QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
-{
-    return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_rect.size()); // Qt 4 asks the X server each time
-}
-
-CInPlaceSinkWatch::CInPlaceSinkWatch(IInPlaceEditSink* in_pSink)
-    : m_pObject(dynamic_cast<QObject*>(in_pSink)),
-      m_bIsObject(m_pObject)
-{}
-
 CInPlaceKeeper::CBusy::CBusy(CInPlaceKeeper* in_pKeeper) : m_pKeeper(in_pKeeper)
 {
     ++m_pKeeper->m_iBusy;
@@ -452,9 +435,9 @@ void CInPlaceKeeper::EndEditing()
 /// What a shortcut does works on what was typed.
 bool CInPlaceKeeper::EndOnShortcut(QObject* in_pWatched)
 {
-    const QPointer<QObject> pWatched = in_pWatched;
+    const QPointer<QObject> pAlive = in_pWatched;
     EndEditing();
-    return !pWatched;
+    return !pAlive;
 }
 
 bool CInPlaceKeeper::IsOnEditor(QObject* in_pWatched, QEvent* in_pEvent) const

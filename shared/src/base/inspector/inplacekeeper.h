@@ -16,7 +16,10 @@
 class CInPlaceSinkWatch
 {
 public:
-    explicit CInPlaceSinkWatch(IInPlaceEditSink* in_pSink = nullptr);
+    explicit CInPlaceSinkWatch(IInPlaceEditSink* in_pSink = nullptr)
+        : m_pObject(dynamic_cast<QObject*>(in_pSink)),
+          m_bIsObject(m_pObject)
+    {}
     bool IsAlive() const { return !m_bIsObject || m_pObject; }
 
     /// The sink is dying.
@@ -161,9 +164,17 @@ private:
 };
 
 /// Gives an editor the font, the palette and the direction of what it edits.
-void TakeLook(QWidget* in_pEditor, const QWidget* in_pOver);
+inline void TakeLook(QWidget* in_pEditor, const QWidget* in_pOver)
+{
+    in_pEditor->setFont(in_pOver->font());
+    in_pEditor->setPalette(in_pOver->palette());
+    in_pEditor->setLayoutDirection(in_pOver->layoutDirection());
+}
 
 /// A rectangle of a widget in global coordinates.
-QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect);
+inline QRect InspectorGlobalRect(const QWidget* in_pWidget, const QRect& in_rect)
+{
+    return QRect(in_pWidget->mapToGlobal(in_rect.topLeft()), in_rect.size()); // Qt 4 asks the X server each time
+}
 
 #endif
