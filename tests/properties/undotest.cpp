@@ -177,7 +177,8 @@ struct sBench
             {"drag", [this] { Drag(); }},
             {"zero", [this] { view->Page().Write(Row("real").Property(), -0.0); }},
             {"press", [this] { QTest::mouseClick(Area(), Qt::LeftButton, Qt::NoModifier, ButtonPlace()); }},
-            {"flags", [] { QApplication::focusWidget()->setProperty("value", int(Qt::AlignTop | Qt::AlignJustify)); }},
+            {"flags",
+             [this] { view->findChild<QComboBox*>()->setProperty("value", int(Qt::AlignTop | Qt::AlignJustify)); }},
             {"nested", [this] { first->m_hook = [this] { view->Page().Write(Row("text").Property(), "nested"); }; }},
         };
         acts.at(in_strAct)();

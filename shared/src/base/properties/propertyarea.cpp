@@ -18,6 +18,22 @@ const int g_iMargin = 4;
 const int g_iLeastColumn = 24;
 const int g_iLeastValue = 40;
 const std::size_t g_uCandidates = 16; ///< of how many of the longest labels the widest is taken
+
+QString NameOf(const sPropertyItem& in_item)
+{
+    return in_item.property ? in_item.property->Name() : in_item.label;
+}
+
+/// The row's name and those of its groups.
+QStringList PathOf(const sPropertyItem& in_item)
+{
+    QStringList path;
+    for (const sPropertyItem* pItem = &in_item; pItem; pItem = pItem->parent)
+    {
+        path << NameOf(*pItem);
+    }
+    return path;
+}
 } // namespace
 
 /// Registers the first library's controls that stand among the rows.
@@ -97,7 +113,7 @@ void CPropertyArea::changeEvent(QEvent* in_pEvent)
 {
     CQTInspectorView::changeEvent(in_pEvent);
     if (in_pEvent->type() == QEvent::FontChange || in_pEvent->type() == QEvent::StyleChange ||
-        in_pEvent->type() == QEvent::PaletteChange)
+        in_pEvent->type() == QEvent::PaletteChange || in_pEvent->type() == QEvent::LayoutDirectionChange)
     {
         Measure();
         m_bLabelsDue = true;
@@ -115,7 +131,33 @@ void CPropertyArea::resizeEvent(QResizeEvent* in_pEvent)
 
 void CPropertyArea::PageAboutToChange()
 {
+    const QPointer<CPropertyArea> self(this);
     TakeOver();
+    const tItemPtr pCurrent = self ? Current() : nullptr;
+    if (pCurrent)
+    {
+        m_lost = PathOf(*pCurrent);
+        m_current.reset(); // whoever still holds the row
+        m_bCurrentWent = true;
+    }
+}
+
+/// A page that is made anew, for instance by the setter that an edit called, goes on where it was.
+void CPropertyArea::FindCurrentAgain()
+{
+    if (m_lost.isEmpty())
+    {
+        return;
+    }
+    for (const tItemPtr& pItem : m_page.Items())
+    {
+        if (NameOf(*pItem) == m_lost.front() && PathOf(*pItem) == m_lost)
+        {
+            m_current = pItem;
+            m_lost.clear();
+            return;
+        }
+    }
 }
 
 void CPropertyArea::PageChanged()
@@ -205,6 +247,7 @@ void CPropertyArea::RecomputeLayout()
         }
     }
     m_iContentHeight = iY;
+    FindCurrentAgain();
     if (m_bLabelsDue)
     {
         m_bLabelsDue = false;
@@ -403,12 +446,14 @@ CPropertyArea::sHit CPropertyArea::HitAt(const QPoint& in_position)
 void CPropertyArea::SetCurrent(const tItemPtr& in_pItem, int in_iPart)
 {
     const tItemPtr pBefore = Current();
+    m_lost.clear();
     UpdateCurrent();
     m_current = in_pItem;
     m_iPart = in_iPart;
     UpdateCurrent();
     if (in_pItem)
     {
+        Load(*in_pItem); // what its keys do depends on its kind
         ScrollTo(*in_pItem);
     }
     if (pBefore != in_pItem)
@@ -437,20 +482,4 @@ void CPropertyArea::ScrollTo(const sPropertyItem& in_item)
     }
     const int iEnd = in_item.top + in_item.height;
     m_pScrollBar->setValue(std::min(in_item.top, std::max(m_iOffsetY, iEnd - height())));
-}
-
-void CPropertyArea::focusInEvent(QFocusEvent* in_pEvent)
-{
-    const bool bByTab = in_pEvent->reason() == Qt::TabFocusReason || in_pEvent->reason() == Qt::BacktabFocusReason;
-    if (bByTab && !Current())
-    {
-        MoveCurrent(in_pEvent->reason() == Qt::TabFocusReason ? -1 : 1);
-    }
-    UpdateCurrent();
-    PropertyAccessible::TellCurrent(*this);
-}
-
-void CPropertyArea::focusOutEvent(QFocusEvent*)
-{
-    UpdateCurrent();
 }

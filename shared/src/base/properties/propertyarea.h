@@ -176,6 +176,7 @@ private:
     // Layout: propertyarea.cpp.
     void Measure();
     void LayOutSoon();
+    void FindCurrentAgain();
     void EnsureLayout();
     void PlaceWidgets();
     void AdoptWidget(sPropertyItem& in_item);
@@ -227,13 +228,14 @@ private:
     void DragTo(const QPoint& in_position);
     bool UndoKey(const QKeyEvent& in_event) const;
     void UndoOrRedo(const QKeyEvent& in_event);
+    void EndDrag();
+    void PressList();
+    static bool IsCommand(const QKeyEvent& in_event);
     bool Navigate(int in_iKey);
     bool WorkKey(const QKeyEvent& in_event);
     bool TypeInto(const QKeyEvent& in_event);
     bool MoveCurrent(int in_iRows);
     bool SideStep(bool in_bForward);
-    bool Editable(sPropertyItem& in_item);
-    bool Enter(const tItemPtr& in_pItem, int in_iPart);
     void Follow(const sPropertyItem& in_item);
 
     // Copying, pasting and the menu: propertymenu.cpp.
@@ -250,6 +252,13 @@ private:
     void OpenMenu(const tItemPtr& in_pItem, const QPoint& in_global);
     void FillMenu(const tItemPtr& in_pItem, bool in_bFits);
 
+    // Editing and focus: propertyfocus.cpp.
+    bool Editable(sPropertyItem& in_item);
+    QWidget* EditOpenly();
+    bool Enter(const tItemPtr& in_pItem, int in_iPart, bool in_bForward);
+    bool StepInWidget(bool in_bNext);
+    bool PassFocusOn(bool in_bNext);
+
     CPropertyPage& m_page;
     QObject m_whole;
     std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
@@ -259,21 +268,24 @@ private:
     CPropertyFilter m_filter;
     std::weak_ptr<sPropertyItem> m_beforeFilter; ///< the current row when the filter began
     int m_iOffsetBeforeFilter = 0;
-    tItems m_shown;                            ///< from the top
-    tItems m_widgets;                          ///< the rows that are widgets
-    const sPropertyItem* m_pPressed = nullptr; ///< the command that the mouse holds down
-    QPointer<QMenu> m_pMenu;                   ///< while it is open
+    tItems m_shown;                         ///< from the top
+    tItems m_widgets;                       ///< the rows that are widgets
+    std::weak_ptr<sPropertyItem> m_pressed; ///< the command that the mouse holds down
+    QPointer<QMenu> m_pMenu;                ///< while it is open
     QColor m_gridColour;
     std::weak_ptr<sPropertyItem> m_current;
     int m_iPart = 0;
-    bool m_bLayoutDue = false; ///< rows came or went since they were placed
-    bool m_bLabelsDue = false; ///< and since their labels were measured
+    bool m_bCurrentWent = false; ///< which is still to be told
+    QStringList m_lost;          ///< which row was the current one before the page changed; empty: it has not gone
+    bool m_bLayoutDue = false;   ///< rows came or went since they were placed
+    bool m_bLabelsDue = false;   ///< and since their labels were measured
     int m_iColumn = -1;
     int m_iFitting = 0; ///< the column that the labels need, estimated
     int m_iRowHeight = 0;
     int m_iIndent = 0;
     eDrag m_eDrag = eNoDrag;
     QPoint m_dragFrom;
+    std::weak_ptr<sPropertyItem> m_dragged;
     QVariant m_dragValue;                       ///< the value when the drag began
     std::shared_ptr<CPropertyStep> m_pDragStep; ///< what the drag wrote
 };

@@ -9,6 +9,7 @@
 #include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QWindow>
 
 #include <algorithm>
@@ -60,10 +61,15 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
     m_pEditor->setAccessibleDescription(in_pItem->Tip());
     qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* in_pNow) { OnFocusChanged(in_pNow); });
+}
+
+void CPropertyEdit::Open()
+{
+    const QPointer<CPropertyEdit> self(this);
     Place();
     m_pEditor->show();
     m_pEditor->setFocus(Qt::OtherFocusReason);
-    SelectAll();
+    self ? SelectAll() : void();
 }
 
 /// What is typed first replaces the value: of a date its first number, of a text of several lines nothing.
@@ -80,25 +86,36 @@ void CPropertyEdit::SelectAll()
     {
         pLine->selectAll();
     }
+    else if (auto* pLong = qobject_cast<QPlainTextEdit*>(m_pEditor))
+    {
+        pLong->moveCursor(QTextCursor::End);
+    }
 }
 
 CPropertyEdit::~CPropertyEdit()
 {
+    Close();
+}
+
+void CPropertyEdit::Close()
+{
     qApp->removeEventFilter(this);
     qApp->disconnect(this);
-    if (!m_pEditor)
+    const QPointer<QWidget> pEditor = m_pEditor;
+    m_pEditor = nullptr;
+    if (!pEditor)
     {
         return;
     }
-    m_pEditor->disconnect(this);
-    if (m_pArea && IsOwn(QApplication::focusWidget()))
+    pEditor->disconnect(this);
+    if (m_pArea && CPropertyType::IsWithin(m_pArea->window()->focusWidget(), pEditor))
     {
         m_pArea->setFocus(Qt::OtherFocusReason); // else Qt hands it to any other widget as the editor goes
     }
-    if (m_pEditor)
+    if (pEditor)
     {
-        m_pEditor->hide();
-        m_pEditor->deleteLater(); // its own code may be what ends the edit
+        pEditor->hide();
+        pEditor->deleteLater(); // its own code may be what ends the edit
     }
 }
 
@@ -159,30 +176,41 @@ bool CPropertyEdit::IsOwn(const QWidget* in_pWidget) const
 void CPropertyEdit::Write()
 {
     m_bWritePosted = false;
+    m_pEditor ? WriteValue(EditorValue()) : void();
+}
+
+void CPropertyEdit::Finish()
+{
     const QVariant value = EditorValue();
+    const bool bThere = m_pEditor;
+    Close();
+    bThere ? WriteValue(value) : void();
+}
+
+void CPropertyEdit::WriteValue(const QVariant& in_value)
+{
     const QVariant before = m_shown;
-    if (!m_pEditor || !m_pPage || CPropertyStep::IsSame(value, before))
+    if (!m_pPage || CPropertyStep::IsSame(in_value, before))
     {
         return;
     }
-    if (!value.isValid()) // empty again, as where objects differ
+    if (!in_value.isValid()) // empty again, as where objects differ
     {
         TakeBack();
         return;
     }
-    m_shown = value;
+    m_shown = in_value;
     const tPropertyPtr pProperty = m_pItem->property;
     const CPropertyType* pType = m_pItem->type;
     const int iPart = m_iPart;
-    const auto edited = [=](const CProperty& in_own) { return Edited(in_own, *pType, iPart, before, value); };
+    const auto edited = [=](const CProperty& in_own) { return Edited(in_own, *pType, iPart, before, in_value); };
     const auto write = [=](const tPropertyPtr& in_pMember) { return in_pMember->Write(edited(*in_pMember)); };
     m_pPage->Change(pProperty, edited(*pProperty), write, m_pStep);
 }
 
 void CPropertyEdit::TakeBack()
 {
-    m_bWritePosted = false;
-    m_shown = EditorValue();
+    Close();
     m_pPage ? m_pPage->TakeBack(m_pItem->property, m_pStep) : void();
 }
 

@@ -22,7 +22,7 @@ class CPropertyEdit : public QObject
     Q_OBJECT
 
 public:
-    /// Opens the editor of a row's value, or of one part of it. Editor tells whether there is one.
+    /// Makes the editor of a row's value, or of one part of it. Editor tells whether there is one.
     CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, int in_iPart);
 
     /// The editor goes, the focus stays with the page, and nothing is written.
@@ -32,6 +32,9 @@ public:
     const tItemPtr& Item() const { return m_pItem; }
     int Part() const { return m_iPart; }
 
+    /// Shows the editor and gives it the focus. This may be gone afterwards.
+    void Open();
+
     /// Puts the editor over its row.
     void Place();
 
@@ -40,6 +43,9 @@ public:
 
     /// Writes what the editor holds, if the user has changed it.
     void Write();
+
+    /// Closes the editor, then writes what it held: nothing of it is left to be worked while the application acts.
+    void Finish();
 
     /// Writes the values from before the edit, if anything was written.
     void TakeBack();
@@ -52,6 +58,8 @@ private Q_SLOTS:
 
 private:
     void SelectAll();
+    void Close();
+    void WriteValue(const QVariant& in_value);
     QVariant EditorValue() const;
     void ShowValue(const QVariant& in_value);
     bool IsOwn(const QWidget* in_pWidget) const;

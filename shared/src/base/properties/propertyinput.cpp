@@ -8,9 +8,11 @@
 #include "propertytype.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include <algorithm>
@@ -19,102 +21,6 @@ namespace
 {
 const int g_iPixelsPerStep = 4; ///< of a drag on a label
 } // namespace
-
-/// Whether there is a value to be edited or worked.
-bool CPropertyArea::Editable(sPropertyItem& in_item)
-{
-    if (in_item.kind != sPropertyItem::eProperty)
-    {
-        return in_item.kind == sPropertyItem::eCommand;
-    }
-    Load(in_item);
-    return !in_item.property->IsReadOnly() && in_item.type->Work() != CPropertyType::eShown &&
-           in_item.type->Work() != CPropertyType::eLink && in_item.value.isValid();
-}
-
-QWidget* CPropertyArea::EditCurrent()
-{
-    const QPointer<CPropertyArea> self(this);
-    TakeOver();
-    const tItemPtr pItem = self ? Current() : nullptr;
-    if (!pItem || IndexOf(pItem.get()) < 0 || pItem->kind != sPropertyItem::eProperty || !isEnabled() ||
-        !Editable(*pItem) || !self || pItem != Current() || pItem->type->Work() == CPropertyType::eToggle)
-    {
-        return nullptr;
-    }
-    ScrollTo(*pItem);
-    m_pEdit.reset(new CPropertyEdit(*this, pItem, m_iPart));
-    if (!m_pEdit->Editor())
-    {
-        m_pEdit.reset();
-        return nullptr;
-    }
-    return m_pEdit->Editor();
-}
-
-void CPropertyArea::TakeOver()
-{
-    if (m_pEdit)
-    {
-        const std::unique_ptr<CPropertyEdit> pEdit = std::move(m_pEdit); // no longer open, whatever is done meanwhile
-        pEdit->Write();
-    }
-}
-
-void CPropertyArea::Cancel()
-{
-    if (m_pEdit)
-    {
-        const std::unique_ptr<CPropertyEdit> pEdit = std::move(m_pEdit);
-        pEdit->TakeBack();
-    }
-}
-
-void CPropertyArea::Leave(bool in_bForward)
-{
-    const QPointer<CPropertyArea> self(this);
-    TakeOver();
-    if (self && !EditNext(in_bForward) && self)
-    {
-        CQTInspectorView::focusNextPrevChild(in_bForward);
-    }
-}
-
-/// The part or row after the current one (before it) that can be worked. Reading it may change the page.
-bool CPropertyArea::EditNext(bool in_bForward)
-{
-    const QPointer<CPropertyArea> self(this);
-    const tItemPtr pCurrent = Current();
-    int iPart = m_iPart + (in_bForward ? 1 : -1);
-    if (pCurrent && pCurrent->type && iPart >= 0 && iPart < pCurrent->type->Parts() && Editable(*pCurrent))
-    {
-        return self && Enter(pCurrent, iPart);
-    }
-    const tItems rows = Shown();
-    const int iRows = static_cast<int>(rows.size());
-    const int iStep = in_bForward ? 1 : -1;
-    const int iStart = pCurrent ? IndexOf(pCurrent.get()) : (in_bForward ? -1 : iRows);
-    for (int i = iStart + iStep; i >= 0 && i < iRows; i += iStep)
-    {
-        const tItemPtr& pItem = rows[static_cast<std::size_t>(i)];
-        const bool bEditable = Editable(*pItem);
-        if (!self || bEditable)
-        {
-            iPart = self && pItem->type && !in_bForward ? pItem->type->Parts() - 1 : 0;
-            return self && Enter(pItem, iPart);
-        }
-    }
-    return false;
-}
-
-/// Makes a row the current one and opens its editor, if it has one and no list that would cover others.
-bool CPropertyArea::Enter(const tItemPtr& in_pItem, int in_iPart)
-{
-    setFocus(Qt::TabFocusReason);
-    SetCurrent(in_pItem, in_iPart);
-    EditCurrent();
-    return true;
-}
 
 /// What Space, Enter and a press do: opens the editor, toggles a box, runs a command, follows a link.
 void CPropertyArea::Work(const tItemPtr& in_pItem)
@@ -149,7 +55,7 @@ void CPropertyArea::Work(const tItemPtr& in_pItem)
         Follow(*in_pItem);
         break;
     default:
-        CPropertyType::OpenList(EditCurrent());
+        EditOpenly();
         break;
     }
 }
@@ -171,7 +77,7 @@ void CPropertyArea::mousePressEvent(QMouseEvent* in_pEvent)
         return;
     }
     m_dragFrom = PropertiesQt::Position(*in_pEvent);
-    m_eDrag = eNoDrag;
+    EndDrag();
     if (hit.item)
     {
         Press(hit);
@@ -196,6 +102,16 @@ void CPropertyArea::Press(const sHit& in_hit)
         ResetCurrent();
         return;
     }
+    if (in_hit.zone == sHit::eValue && in_hit.item->kind == sPropertyItem::eCommand)
+    {
+        m_pressed = in_hit.item; // works when it is released, as buttons do
+        return;
+    }
+    if (in_hit.zone == sHit::eValue && in_hit.item->type && in_hit.item->type->Work() == CPropertyType::eList)
+    {
+        PressList();
+        return;
+    }
     if (in_hit.zone == sHit::eValue || in_hit.zone == sHit::eTitle)
     {
         Work(in_hit.item);
@@ -208,12 +124,29 @@ void CPropertyArea::Press(const sHit& in_hit)
         const bool bSteps = !in_hit.item->mixed &&
                             in_hit.item->type->Stepped(in_hit.item->property->Format(), m_dragValue, 1).isValid();
         m_eDrag = bSteps ? eDragValue : eNoDrag;
+        m_dragged = in_hit.item;
+    }
+}
+
+/// A list that is opened by a press knows that its release chooses nothing.
+void CPropertyArea::PressList()
+{
+    if (auto* pList = qobject_cast<QComboBox*>(EditCurrent()))
+    {
+        const QPoint centre = pList->rect().center();
+        QMouseEvent press(QEvent::MouseButtonPress, centre, pList->mapToGlobal(centre), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(pList, &press);
     }
 }
 
 void CPropertyArea::mouseMoveEvent(QMouseEvent* in_pEvent)
 {
     const QPoint position = PropertiesQt::Position(*in_pEvent);
+    if (!(in_pEvent->buttons() & Qt::LeftButton))
+    {
+        EndDrag(); // released over a window that a setter opened
+    }
     if (m_eDrag != eNoDrag)
     {
         DragTo(position);
@@ -239,7 +172,7 @@ void CPropertyArea::DragTo(const QPoint& in_position)
         SetLabelColumn(std::max(0, bRightToLeft ? RowWidth() - in_position.x() : in_position.x()));
         return;
     }
-    const tItemPtr pItem = Current();
+    const tItemPtr pItem = m_dragged.lock();
     const int iSteps = (in_position.x() - m_dragFrom.x()) * (bRightToLeft ? -1 : 1) / g_iPixelsPerStep;
     if (pItem && pItem->property)
     {
@@ -248,22 +181,42 @@ void CPropertyArea::DragTo(const QPoint& in_position)
     }
 }
 
-void CPropertyArea::mouseReleaseEvent(QMouseEvent*)
+void CPropertyArea::mouseReleaseEvent(QMouseEvent* in_pEvent)
 {
+    const tItemPtr pPressed = m_pressed.lock();
+    if (in_pEvent->button() != Qt::LeftButton)
+    {
+        return;
+    }
+    EndDrag();
+    if (pPressed && pPressed->height > 0 && ValueRect(*pPressed).contains(PropertiesQt::Position(*in_pEvent)))
+    {
+        Work(pPressed);
+    }
+}
+
+void CPropertyArea::EndDrag()
+{
+    const tItemPtr pPressed = m_pressed.lock();
     m_eDrag = eNoDrag;
+    m_dragged.reset();
+    m_pressed.reset();
+    pPressed ? update() : void();
 }
 
 void CPropertyArea::mouseDoubleClickEvent(QMouseEvent* in_pEvent)
 {
+    const QPointer<CPropertyArea> self(this);
     const sHit hit = HitAt(PropertiesQt::Position(*in_pEvent));
-    if (hit.zone == sHit::eBorder)
+    const bool bLeft = in_pEvent->button() == Qt::LeftButton;
+    if (bLeft && hit.zone == sHit::eBorder)
     {
         SetLabelColumn(FittingColumn(true));
     }
-    else if (hit.zone == sHit::eLabel)
+    else if (bLeft && hit.zone == sHit::eLabel)
     {
         SetCurrent(hit.item, hit.part);
-        Work(hit.item);
+        self&& Current() == hit.item ? Work(hit.item) : void();
     }
     else
     {
@@ -283,11 +236,13 @@ bool CPropertyArea::ShowTip(const QPoint& in_position, const QPoint& in_global)
     {
         lines << (hit.zone == sHit::eValue ? hit.item->text : hit.item->Label()).toHtmlEscaped();
     }
-    if (hit.item && !hit.item->Tip().isEmpty())
+    const QString strTip = hit.item ? hit.item->Tip() : QString();
+    if (!strTip.isEmpty())
     {
-        lines << hit.item->Tip();
+        lines << (Qt::mightBeRichText(strTip) ? strTip : strTip.toHtmlEscaped());
     }
-    QToolTip::showText(in_global, lines.join(QStringLiteral("<br>")), this);
+    const QString strAll = lines.join(QStringLiteral("<br>"));
+    QToolTip::showText(in_global, strAll.isEmpty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(strAll), this);
     return true;
 }
 
@@ -308,6 +263,10 @@ bool CPropertyArea::event(QEvent* in_pEvent)
         const QPointer<CPropertyArea> self(this);
         ReadForFilter();
         self ? EnsureLayout() : void();
+        if (self && std::exchange(m_bCurrentWent, false))
+        {
+            Q_EMIT CurrentChanged();
+        }
         return true;
     }
     return CQTInspectorView::event(in_pEvent);
@@ -315,6 +274,7 @@ bool CPropertyArea::event(QEvent* in_pEvent)
 
 void CPropertyArea::keyPressEvent(QKeyEvent* in_pEvent)
 {
+    EnsureLayout();
     const tItemPtr pItem = IndexOf(Current().get()) < 0 ? nullptr : Current();
     const bool bMenu = in_pEvent->key() == Qt::Key_Menu ||
                        (in_pEvent->key() == Qt::Key_F10 && in_pEvent->modifiers() == Qt::ShiftModifier);
@@ -334,9 +294,11 @@ void CPropertyArea::keyPressEvent(QKeyEvent* in_pEvent)
     {
         OpenMenuOfCurrent();
     }
-    else if (!(in_pEvent->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)))
+    else if (!IsCommand(*in_pEvent))
     {
-        Navigate(in_pEvent->key()) || WorkKey(*in_pEvent) ? void() : CQTInspectorView::keyPressEvent(in_pEvent);
+        const QPointer<CPropertyArea> self(this);
+        const bool bWorked = Navigate(in_pEvent->key()) || WorkKey(*in_pEvent);
+        self && !bWorked ? CQTInspectorView::keyPressEvent(in_pEvent) : void();
     }
     else if (in_pEvent->modifiers() == Qt::ControlModifier &&
              (in_pEvent->key() == Qt::Key_Left || in_pEvent->key() == Qt::Key_Right))
@@ -347,6 +309,16 @@ void CPropertyArea::keyPressEvent(QKeyEvent* in_pEvent)
     {
         CQTInspectorView::keyPressEvent(in_pEvent);
     }
+}
+
+/// Whether a key is held down with others that make a shortcut of it. Ctrl and Alt at once, and the group switch, write
+/// characters on many keyboards.
+bool CPropertyArea::IsCommand(const QKeyEvent& in_event)
+{
+    const Qt::KeyboardModifiers eWriting = Qt::ControlModifier | Qt::AltModifier;
+    const Qt::KeyboardModifiers eModifiers = in_event.modifiers() & (eWriting | Qt::MetaModifier);
+    const bool bWrites = eModifiers == eWriting && !in_event.text().isEmpty() && in_event.text().at(0).isPrint();
+    return eModifiers && !bWrites;
 }
 
 bool CPropertyArea::Navigate(int in_iKey)
@@ -384,7 +356,8 @@ bool CPropertyArea::MoveCurrent(int in_iRows)
     if (iLast >= 0)
     {
         const int iNow = IndexOf(Current().get());
-        const int iNext = iNow < 0 ? (in_iRows < 0 ? iLast : 0) : std::max(0, std::min(iLast, iNow + in_iRows));
+        const int iStart = iNow < 0 && in_iRows == -1 ? iLast + 1 : iNow; // where nothing is current Up begins below
+        const int iNext = std::max(0, std::min(iLast, iStart + in_iRows));
         SetCurrent(tItemPtr(shown[static_cast<std::size_t>(iNext)]));
     }
     return true;
@@ -425,7 +398,7 @@ bool CPropertyArea::WorkKey(const QKeyEvent& in_event)
     const int iKey = in_event.key();
     if (iKey == Qt::Key_F2)
     {
-        EditCurrent();
+        EditOpenly();
         return true;
     }
     if (iKey == Qt::Key_Delete && CanResetCurrent())
@@ -446,8 +419,9 @@ bool CPropertyArea::WorkKey(const QKeyEvent& in_event)
 /// A key that is typed on a row begins its editing and is the first that the editor gets.
 bool CPropertyArea::TypeInto(const QKeyEvent& in_event)
 {
-    QWidget* pEditor = EditCurrent();
-    QWidget* pFocus = QApplication::focusWidget();
+    const QWidget* pEditor = EditOpenly();
+    QWidget* pPopup = QApplication::activePopupWidget();
+    QWidget* pFocus = pPopup && pPopup->focusWidget() ? pPopup->focusWidget() : QApplication::focusWidget();
     if (!pEditor || !CPropertyType::IsWithin(pFocus, pEditor))
     {
         return pEditor != nullptr;
@@ -478,16 +452,4 @@ QVariant CPropertyArea::inputMethodQuery(Qt::InputMethodQuery in_eQuery) const
     }
     return in_eQuery == Qt::ImCursorRectangle && pItem ? QVariant(PartRect(*pItem, m_iPart))
                                                        : CQTInspectorView::inputMethodQuery(in_eQuery);
-}
-
-/// Tab goes from value to value; past the last the focus leaves. Coming in by Tab makes the first row, or the last one,
-/// current.
-bool CPropertyArea::focusNextPrevChild(bool in_bNext)
-{
-    const QPointer<CPropertyArea> self(this);
-    if (EditNext(in_bNext) || !self)
-    {
-        return true;
-    }
-    return CQTInspectorView::focusNextPrevChild(in_bNext);
 }

@@ -37,5 +37,5 @@ void sPropertyItem::Load(const CItemEditors* in_pEditors)
     value = pProperty->Read();
     mixed = pProperty->IsMixed();
     mixedParts = mixed ? DifferingParts(*pProperty, *type, value) : quint8(0);
-    text = type->Shown(pProperty->Format(), value);
+    text = value.isValid() ? type->Shown(pProperty->Format(), value) : QString();
 }

@@ -8,7 +8,14 @@
 
 CPropertyPage::CPropertyPage(QObject* in_pParent) : QObject(in_pParent), m_pUndo(new CPropertyUndo) {}
 
-CPropertyPage::~CPropertyPage() = default;
+/// Widgets that no view has shown yet are nobody else's.
+CPropertyPage::~CPropertyPage()
+{
+    for (const tItemPtr& pItem : m_items)
+    {
+        delete pItem->widget;
+    }
+}
 
 CPropertyGroup CPropertyPage::AddGroup(const QString& in_strTitle)
 {
@@ -33,7 +40,11 @@ void CPropertyPage::Clear()
         RowsChanged();
         for (const tItemPtr& pItem : gone)
         {
-            delete pItem->widget;
+            if (pItem->widget)
+            {
+                pItem->widget->hide();
+                pItem->widget->deleteLater(); // its own code may be what changes the page
+            }
         }
     }
 }
@@ -105,6 +116,21 @@ void CPropertyPage::Listen(sPropertyItem& in_item)
             listeners.connection = connect(notifier.sender, notifier.signal, this, slot);
         }
         listeners.rows.push_back(&in_item);
+    }
+    for (const CProperty* pMember : in_item.property->Members())
+    {
+        ListenForDeath(pMember->Object());
+    }
+}
+
+/// The values of an object go with it.
+void CPropertyPage::ListenForDeath(const QObject* in_pObject)
+{
+    const int iSignal = QMetaMethod::fromSignal(&QObject::destroyed).methodIndex();
+    sListeners* pListeners = in_pObject ? &m_listeners[tSignal(in_pObject, iSignal)] : nullptr;
+    if (pListeners && !pListeners->connection)
+    {
+        pListeners->connection = connect(in_pObject, &QObject::destroyed, this, &CPropertyPage::Refresh);
     }
 }
 

@@ -291,6 +291,7 @@ private Q_SLOTS:
 private:
     void AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass);
     void Listen(sPropertyItem& in_item);
+    void ListenForDeath(const QObject* in_pObject);
     void StopListening();
     std::vector<tPropertyPtr> Watched(const tPropertyPtr& in_pProperty) const;
     bool Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,

@@ -178,7 +178,7 @@ void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_ite
 
 void CPropertyArea::PaintValue(QPainter& in_painter, const sPropertyItem& in_item)
 {
-    const int iParts = in_item.type->Parts();
+    const int iParts = in_item.value.isValid() ? in_item.type->Parts() : 0; // else whose value it was is gone
     const bool bNamed = HasRoomForNames(in_item);
     for (int iPart = 0; iPart < iParts; ++iPart)
     {
@@ -263,7 +263,7 @@ void CPropertyArea::PaintCommand(QPainter& in_painter, const sPropertyItem& in_i
     option.rect = ValueRect(in_item).adjusted(1, 1, -1, -2);
     option.text = in_item.label;
     option.state &= ~QStyle::State_HasFocus;
-    option.state |= m_pPressed == &in_item ? QStyle::State_Sunken : QStyle::State_Raised;
+    option.state |= m_pressed.lock().get() == &in_item ? QStyle::State_Sunken : QStyle::State_Raised;
     style()->drawControl(QStyle::CE_PushButton, &option, &in_painter, this);
 }
 

@@ -9,6 +9,8 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 CPropertyView::CPropertyView(QWidget* in_pParent)
     : QWidget(in_pParent),
       m_pPage(new CPropertyPage(this)),
@@ -253,12 +255,24 @@ bool CPropertyView::RestoreState(const QByteArray& in_state)
 
 CPropertyRow CPropertyView::CurrentRow() const
 {
+    m_pArea->Shown(); // so that after a change of the page it is known
     return CPropertyRow(m_pPage, m_pArea->Current());
 }
 
 void CPropertyView::SetCurrentRow(const CPropertyRow& in_row)
 {
-    m_pArea->SetCurrent(in_row.Item());
+    const QPointer<CPropertyView> self(this);
+    const tItemPtr pItem = in_row.Item();
+    const tItems& items = m_pPage->Items();
+    if (pItem && std::find(items.begin(), items.end(), pItem) == items.end())
+    {
+        return; // of another page, or on its way out
+    }
+    for (sPropertyItem* pGroup = pItem ? pItem->parent : nullptr; pGroup && self; pGroup = pGroup->parent)
+    {
+        m_pArea->SetExpanded(*pGroup, true);
+    }
+    self ? m_pArea->SetCurrent(pItem) : void();
 }
 
 QRect CPropertyView::ValueRect(const CPropertyRow& in_row) const
