@@ -1,7 +1,7 @@
 #include "propertyarea.h"
 
-#include "inspectorcontroller.h"
 #include "propertyaccessible.h"
+#include "propertycontrols.h"
 #include "propertyedit.h"
 #include "propertytype.h"
 
@@ -35,22 +35,6 @@ QStringList PathOf(const sPropertyItem& in_item)
     return path;
 }
 } // namespace
-
-/// Registers the first library's controls that stand among the rows.
-class CPropertyControls : public CInspectorController
-{
-public:
-    explicit CPropertyControls(CInspectorView& in_view)
-    {
-        m_pView = &in_view;
-        in_view.m_pController = this;
-    }
-
-    void ApplicationHook1() override {}
-    void ApplicationHook2() override {}
-    void HandleDirtyItem(sInspectorControllerData*, IDirtyControllerDataInfo*) override {}
-    void HandleDirtyController(std::vector<IDirtyControllerDataInfo*>&) override {}
-};
 
 CPropertyArea::CPropertyArea(CPropertyPage& in_page)
     : m_page(in_page),
@@ -140,6 +124,7 @@ void CPropertyArea::PageAboutToChange()
         m_current.reset(); // whoever still holds the row
         m_bCurrentWent = true;
     }
+    self ? m_pControls->ClearAllData() : void();
 }
 
 /// A page that is made anew, for instance by the setter that an edit called, goes on where it was.
@@ -277,31 +262,6 @@ void CPropertyArea::OffsetControls(int in_iX, int in_iY)
     {
         PlaceWidgets();
     }
-}
-
-/// The application's widgets and the open editor; the rows themselves need no word.
-void CPropertyArea::PlaceWidgets()
-{
-    const tItems widgets = m_widgets; // what a widget does when it is moved may change the page
-    for (const tItemPtr& pItem : widgets)
-    {
-        pItem->widget ? AdoptWidget(*pItem) : void();
-    }
-    if (Editor())
-    {
-        m_pEdit->Place();
-    }
-}
-
-void CPropertyArea::AdoptWidget(sPropertyItem& in_item)
-{
-    QWidget& widget = *in_item.widget;
-    if (widget.parentWidget() != m_pContentWidget)
-    {
-        widget.setParent(m_pContentWidget);
-    }
-    widget.setGeometry(in_item.label.isEmpty() ? RowRect(in_item) : ValueRect(in_item));
-    widget.setVisible(in_item.height > 0);
 }
 
 int CPropertyArea::RowWidth() const

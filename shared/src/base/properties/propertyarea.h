@@ -80,6 +80,7 @@ public:
     /// Takes over and edits the part or row that can be edited after the current one (before it); past the last, the
     /// focus leaves the page.
     void Leave(bool in_bForward);
+    void LeaveControl(CInspectorDataWidget* in_pControl, bool in_bForward);
 
     /// Edits the part or row that can be edited after the current one (before it).
     /// \return false when there is none
@@ -236,6 +237,7 @@ private:
     bool TypeInto(const QKeyEvent& in_event);
     bool MoveCurrent(int in_iRows);
     bool SideStep(bool in_bForward);
+    void WorkWidget(const sPropertyItem& in_item);
     void Follow(const sPropertyItem& in_item);
 
     // Copying, pasting and the menu: propertymenu.cpp.

@@ -42,7 +42,8 @@ bool CPropertyArea::Editable(sPropertyItem& in_item)
 {
     if (in_item.kind != sPropertyItem::eProperty)
     {
-        return in_item.kind == sPropertyItem::eCommand || (in_item.widget && !TabStops(*in_item.widget).isEmpty());
+        return in_item.kind == sPropertyItem::eCommand ||
+               (in_item.widget && (in_item.control || !TabStops(*in_item.widget).isEmpty()));
     }
     Load(in_item);
     return !in_item.property->IsReadOnly() && in_item.type->Work() != CPropertyType::eShown &&
@@ -149,6 +150,11 @@ bool CPropertyArea::Enter(const tItemPtr& in_pItem, int in_iPart, bool in_bForwa
     self ? SetCurrent(in_pItem, in_iPart) : void();
     if (!self || Current() != in_pItem)
     {
+        return true;
+    }
+    if (in_pItem->widget && in_pItem->control)
+    {
+        in_pItem->control->StartEditing();
         return true;
     }
     const QWidgetList stops = in_pItem->widget ? TabStops(*in_pItem->widget) : QWidgetList();

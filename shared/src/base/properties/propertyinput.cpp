@@ -38,7 +38,7 @@ void CPropertyArea::Work(const tItemPtr& in_pItem)
     }
     if (in_pItem->kind != sPropertyItem::eProperty)
     {
-        in_pItem->widget ? in_pItem->widget->setFocus(Qt::OtherFocusReason) : void();
+        WorkWidget(*in_pItem);
         return;
     }
     Load(*in_pItem);

@@ -5,6 +5,7 @@
 /// which is what makes ten thousand of them cheap. Private to the library.
 /// \file
 
+#include "inspectordataelement.h"
 #include "property.h"
 
 #include <QPointer>
@@ -51,6 +52,8 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     tPropertyPtr property;           ///< null for all but a property
     std::function<void()> command;
     QPointer<QWidget> widget;
+    CInspectorDataWidget* control = nullptr;        ///< the same, if it is a control of the first library
+    std::unique_ptr<CInspectorDataElement> element; ///< of the control, until the view's controller has taken it over
 
     // What is shown.
     const CPropertyType* type = nullptr; ///< null until the first Load

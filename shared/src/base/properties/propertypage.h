@@ -11,6 +11,8 @@
 #include <utility>
 
 class CPropertyAdapter;
+class CInspectorDataElement;
+class CInspectorDataWidget;
 class CPropertyPage;
 class CPropertyReferences;
 class CPropertyStep;
@@ -143,9 +145,15 @@ public:
     /// A button that works `in_command`, after which the page reads its values again.
     CPropertyRow AddCommand(const QString& in_strLabel, std::function<void()> in_command);
 
-    /// A widget of the application's own, for instance a control of the first library. Takes it over; it is deleted
-    /// with the row. Without a label it gets the whole row. Null is ignored.
+    /// A widget of the application's own. Takes it over; it is deleted with the row. Without a label it gets the whole
+    /// row. Null is ignored.
     CPropertyRow AddWidget(const QString& in_strLabel, QWidget* in_pWidget);
+
+    /// A control of the first library with its element. Takes over both, connects the element and shows the control as
+    /// soon as the page is laid out; Tab goes on from its editor to the next row. A control that is no QWidget is
+    /// ignored, and left alone with its element.
+    CPropertyRow AddControl(const QString& in_strLabel, CInspectorDataElement* in_pElement,
+                            CInspectorDataWidget* in_pControl);
 
     /// A group within this one.
     CPropertyGroup AddGroup(const QString& in_strTitle);

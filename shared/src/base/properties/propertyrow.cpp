@@ -203,6 +203,18 @@ CPropertyRow CPropertyGroup::AddWidget(const QString& in_strLabel, QWidget* in_p
     return AddItem(pItem);
 }
 
+CPropertyRow CPropertyGroup::AddControl(const QString& in_strLabel, CInspectorDataElement* in_pElement,
+                                        CInspectorDataWidget* in_pControl)
+{
+    const CPropertyRow row = AddWidget(in_strLabel, dynamic_cast<QWidget*>(in_pControl));
+    if (const tItemPtr pItem = row.Item())
+    {
+        pItem->control = in_pControl;
+        pItem->element.reset(in_pElement);
+    }
+    return row;
+}
+
 CPropertyGroup CPropertyGroup::AddGroup(const QString& in_strTitle)
 {
     const tItemPtr pItem = std::make_shared<sPropertyItem>(sPropertyItem::eGroup);
