@@ -183,18 +183,24 @@ void InspectorViewTest::MirroredValuesAreWhole()
     page.AddLine("size", "20");
     QVERIFY(page.Open());
     QWidget* pLine = page.WidgetAt<QWidget>(0);
-    int inked[2] = {};
+    int columns[2] = {}; // with ink; how much of each is inked depends on where between two pixels a letter begins
     for (int iMirrored : {0, 1})
     {
-        page.m_window.setLayoutDirection(iMirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        QApplication::setLayoutDirection(iMirrored ? Qt::RightToLeft : Qt::LeftToRight); // a picture's is this one
         const QImage image = TestSupport::Painted(pLine);
-        for (int i = 0; i < image.width() * image.height(); ++i)
+        for (int iX = 0; iX < image.width(); ++iX)
         {
-            inked[iMirrored] += image.pixel(i % image.width(), i / image.width()) != image.pixel(image.width() / 2, 1);
+            bool bInk = false;
+            for (int iY = 0; iY < image.height(); ++iY)
+            {
+                bInk = bInk || image.pixel(iX, iY) != image.pixel(image.width() / 2, 1);
+            }
+            columns[iMirrored] += bInk;
         }
     }
-    QVERIFY(inked[0] > 0);
-    QCOMPARE(inked[1], inked[0]);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QVERIFY(columns[0] > 0);
+    QVERIFY2(qAbs(columns[1] - columns[0]) <= 1, qPrintable(QString::number(columns[1] - columns[0])));
 }
 
 void InspectorViewTest::RightButton()

@@ -36,9 +36,9 @@ inline void MoveTo(QWidget* in_pWidget, int in_iX, int in_iY)
 }
 
 /// Where a value's text is painted. Mirrored, a rectangle keeps its place but the text begins at its other end.
-inline QRect TextRect(const QWidget* in_pWidget)
+inline QRect TextRect(const QWidget* in_pWidget, const QPainter& in_painter)
 {
-    const int iIndent = in_pWidget->isRightToLeft() ? -eTextIndent : eTextIndent;
+    const int iIndent = in_painter.layoutDirection() == Qt::RightToLeft ? -eTextIndent : eTextIndent;
     return in_pWidget->rect().translated(iIndent, 0);
 }
 

@@ -222,6 +222,7 @@ void CInPlaceKeeper::Close()
     m_iDeliveries == 0 ? m_keys.Clear() : void(); // they were typed for a row that was taken away
     qApp->removeEventFilter(this);
     m_pOver ? void(m_pOver->disconnect(this)) : void();
+    QWidget* pHeir = bOverInPlace && m_pOver->focusPolicy() != Qt::NoFocus ? m_pOver.data() : m_pEditor->window();
     m_pOver = nullptr;
     m_pOwner = nullptr;
     if (m_eKind == eDropDown && m_pEditor->testAttribute(Qt::WA_WState_Created))
@@ -230,7 +231,7 @@ void CInPlaceKeeper::Close()
     }
     if (!m_pEditor->isWindow() && m_pEditor->hasFocus())
     {
-        m_pEditor->window()->setFocus(Qt::OtherFocusReason); // or Qt would give it to some other row
+        pHeir->setFocus(Qt::OtherFocusReason); // or Qt would give it to some other row
     }
     m_pEditor->hide();
     m_pEditor->isWindow() ? void() : m_pEditor->setParent(nullptr);
@@ -325,7 +326,8 @@ bool CInPlaceKeeper::TakeKey(QObject* in_pWatched, QEvent* in_pEvent)
         return false;
     }
     QWidget* pWindow = InspectorQt::WindowWidget(in_pWatched);
-    if (!pWindow || (pWindow->window() != m_pKeysOf && pWindow != m_pEditor))
+    const bool bThereAlready = bComposed && in_pWatched == m_pEditor && m_keys.IsEmpty();
+    if (!pWindow || bThereAlready || (pWindow->window() != m_pKeysOf && pWindow != m_pEditor))
     {
         return false;
     }

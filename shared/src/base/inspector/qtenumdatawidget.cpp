@@ -148,6 +148,6 @@ void CQTEnumDataWidget::paintEvent(QPaintEvent*)
     if (!m_strValue.isEmpty() && pElement && pElement->m_pDefinition)
     {
         const std::string strDisplay = pElement->m_pDefinition->GetDisplayFromValue(BytesOf(m_strValue, m_strLoaded));
-        PaintText(painter, TextRect(this), InspectorQt::Text(strDisplay));
+        PaintText(painter, TextRect(this, painter), InspectorQt::Text(strDisplay));
     }
 }

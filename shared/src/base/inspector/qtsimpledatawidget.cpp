@@ -180,7 +180,7 @@ void CQTSimpleDataWidget::paintEvent(QPaintEvent*)
     painter.fillRect(0, 0, width(), height(), Colour(this, QPalette::Base));
     if (!m_strValue.isEmpty())
     {
-        PaintText(painter, TextRect(this), m_strValue);
+        PaintText(painter, TextRect(this, painter), m_strValue);
     }
 }
 
