@@ -43,6 +43,10 @@ void CPropertyTab::AddView(QMenu& io_menu)
     connect(AddSwitch(io_menu, tr("&Mark Modified Values"), false), &QAction::toggled, this, [this](bool in_bOn) {
         Page().SetModifiedAgainst(in_bOn ? CPropertyPage::eFirstValues : CPropertyPage::eNothing);
     });
+    connect(AddSwitch(io_menu, tr("&Only Modified Values"), false), &QAction::toggled, this,
+            &CPropertyView::SetOnlyModified);
+    connect(AddSwitch(io_menu, tr("&Description"), false), &QAction::toggled, this,
+            &CPropertyView::SetDescriptionVisible);
     io_menu.addAction(tr("&Filter"), this, [this] { SetFilterVisible(true); });
     io_menu.addAction(tr("&Unfold All"), this, [this] { ExpandAll(); });
     io_menu.addAction(tr("F&old All"), this, [this] { ExpandAll(false); });
