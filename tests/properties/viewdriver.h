@@ -265,8 +265,13 @@ private:
         Qt::KeyboardModifiers eModifiers = in_strKey.startsWith("shift+")  ? Qt::ShiftModifier
                                            : in_strKey.startsWith("ctrl+") ? Qt::ControlModifier
                                                                            : Qt::NoModifier;
-        in_strKey.size() == 1 ? QTest::keyClick(in_pWindow, in_strKey.at(0).toLatin1())
-                              : QTest::keyClick(in_pWindow, keys.at(strName), eModifiers);
+        const QPointer<QWindow> pWindow(in_pWindow); // a press may be the end of it
+        for (const QTest::KeyAction eAction : {QTest::Press, QTest::Release})
+        {
+            const bool bLetter = in_strKey.size() == 1;
+            pWindow&& bLetter ? QTest::keyEvent(eAction, pWindow, in_strKey.at(0).toLatin1()) : void();
+            pWindow && !bLetter ? QTest::keyEvent(eAction, pWindow, keys.at(strName), eModifiers) : void();
+        }
     }
 
     void Act(const QString& in_strAct, int in_iRow, int in_iPixels)
