@@ -106,7 +106,7 @@ private Q_SLOTS:
         page.Key(Qt::Key_Escape);
         QVERIFY(!page.view.IsFilterVisible());
         QCOMPARE(page.Shown(), QStringLiteral("NBOR"));
-        QCOMPARE(page.view.CurrentRow().Item(), page.rows[1].Item());
+        QVERIFY(page.view.CurrentRow() == page.rows[1]);
     }
 
     /// Neither the value that is edited nor the rows of a new page stay or go otherwise than the words tell.
@@ -175,7 +175,7 @@ private Q_SLOTS:
         QCOMPARE(page.strName, QStringLiteral("Reading corner"));
         page.view.SetFilter(QStringLiteral("row 7"));
         QCOMPARE(page.strName, QStringLiteral("typed"));
-        QCOMPARE(page.view.CurrentRow().Item(), rows[60].Item());
+        QVERIFY(page.view.CurrentRow() == rows[60]);
         page.Type("x"); // nothing that is left out is edited
         page.view.SetFilter(QString());
         QCOMPARE(page.view.ValueRect(rows[60]).y(), iY);

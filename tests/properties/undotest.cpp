@@ -1,6 +1,6 @@
 #undef QT_NO_CAST_FROM_ASCII
 #undef QT_NO_CAST_TO_ASCII
-#include "propertyitem.h"
+#include "propertyrows.h"
 #include "propertyview.h"
 #include "testsupport.h"
 
@@ -118,17 +118,7 @@ struct sBench
 
     ~sBench() { delete stack; }
 
-    CPropertyRow Row(const QString& in_strName) const
-    {
-        for (const tItemPtr& pItem : view->Page().Items())
-        {
-            if (pItem->property && pItem->property->Name() == in_strName)
-            {
-                return CPropertyRow(&view->Page(), pItem);
-            }
-        }
-        return CPropertyRow();
-    }
+    CPropertyRow Row(const QString& in_strName) const { return view->Page().Row(in_strName); }
 
     QWidget* Area() const { return view->focusProxy(); }
 
@@ -246,10 +236,10 @@ struct sBench
     QString Modified() const
     {
         QStringList names;
-        for (const tItemPtr& pItem : view->Page().Items())
+        for (const tItemPtr& pItem : CPropertyRows::Of(view->Page()).Items())
         {
-            names << (CPropertyRow(&view->Page(), pItem).IsModified() ? QStringList(pItem->property->Name())
-                                                                      : QStringList());
+            const QStringList name = pItem->property ? QStringList(pItem->property->Name()) : QStringList();
+            names << (!name.isEmpty() && Row(name.front()).IsModified() ? name : QStringList());
         }
         return names.join(' ');
     }
@@ -541,7 +531,7 @@ void UndoTest::Several()
     bench.second->setProperty("box", true);
     script.startsWith("!dies") ? bench.ownSecond.reset() : void();
     QCoreApplication::processEvents();
-    const sPropertyItem& item = *bench.Row("place").Item();
+    const sPropertyItem& item = *CPropertyRows::ItemOf(bench.Row("place"));
     QCOMPARE(item.IsMixed(0), false);
     QCOMPARE(item.IsMixed(1), !script.startsWith("!dies"));
     bench.Do(script.remove("!dies "));

@@ -90,7 +90,7 @@ public:
         QStringList words = m_log;
         for (std::size_t u = 0; m_pView && u < m_rows.size(); ++u)
         {
-            const bool bCurrent = m_rows[u] && m_pView->CurrentRow().Item() == m_rows[u].Item();
+            const bool bCurrent = m_rows[u] && m_pView->CurrentRow() == m_rows[u];
             words << (bCurrent ? QStringList("@" + QString::number(u) + Edited()) : QStringList());
         }
         words << (m_pView && m_pView->CurrentRow() && !words.join(" ").contains("@") ? QStringList("@group")

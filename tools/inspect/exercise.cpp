@@ -4,6 +4,7 @@
 #include "objecttree.h"
 #include "probe.h"
 #include "propertypage.h"
+#include "propertysource.h"
 #include "randomvalue.h"
 
 #include <QAbstractButton>

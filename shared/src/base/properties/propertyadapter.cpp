@@ -1,5 +1,7 @@
 #include "propertyadapter.h"
 
+#include "propertyrows.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -137,15 +139,15 @@ std::vector<CPropertyRules> CPropertyAdapter::For(const QMetaObject& in_class) c
     return rules;
 }
 
-void CPropertyPage::SetAdapter(const CPropertyAdapter& in_adapter)
+void CPropertyRows::SetAdapter(const CPropertyAdapter& in_adapter)
 {
     m_pAdapter = std::make_shared<CPropertyAdapter>(in_adapter);
 }
 
 /// Saying something of a row may do anything, to the page too.
-void CPropertyPage::AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass)
+void CPropertyRows::AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass)
 {
-    const QPointer<CPropertyPage> self(this);
+    const QPointer<CPropertyRows> self(this);
     const std::vector<CPropertyRules> rules =
         m_pAdapter && in_pClass ? m_pAdapter->For(*in_pClass) : std::vector<CPropertyRules>();
     for (const CPropertyRules& some : rules)
@@ -164,23 +166,4 @@ void CPropertyPage::AddGroups(std::vector<PropertySource::sGroup> in_groups, con
             }
         }
     }
-}
-
-void CPropertyPage::AddObject(QObject* in_pObject)
-{
-    AddGroups(PropertySource::OfObject(in_pObject), in_pObject ? in_pObject->metaObject() : nullptr);
-}
-
-/// The rules that hold are those for the class that all objects have in common.
-void CPropertyPage::AddObjects(const QList<QObject*>& in_objects)
-{
-    const QMetaObject* pClass = in_objects.isEmpty() ? nullptr : in_objects.first()->metaObject();
-    for (const QObject* pObject : in_objects)
-    {
-        while (!pObject->metaObject()->inherits(pClass))
-        {
-            pClass = pClass->superClass();
-        }
-    }
-    AddGroups(PropertySource::OfObjects(in_objects), pClass);
 }

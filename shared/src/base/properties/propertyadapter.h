@@ -2,6 +2,7 @@
 #define PROPERTYADAPTER_H
 
 #include "propertypage.h"
+#include "propertysource.h"
 
 #include <QMap>
 #include <QStringList>
@@ -31,11 +32,12 @@ public:
     /// Says more about a property's row: its label, limits, tip and so on.
     CPropertyRules& For(const QString& in_strName, tChange in_change);
 
-    /// \internal
+private:
+    friend class CPropertyRows;
+
     void Apply(std::vector<PropertySource::sGroup>& io_groups) const;
     void Change(const CPropertyRow& in_row) const;
 
-private:
     QStringList m_hidden;
     QStringList m_only;
     std::vector<std::pair<QString, QStringList>> m_groups;
@@ -63,10 +65,11 @@ public:
     template <class Class> CPropertyRules& Of() { return Of(Class::staticMetaObject); }
     CPropertyRules& Of(const QMetaObject& in_class);
 
-    /// \internal The rules that are for objects of a class.
+private:
+    friend class CPropertyRows;
+
     std::vector<CPropertyRules> For(const QMetaObject& in_class) const;
 
-private:
     std::vector<std::pair<const QMetaObject*, CPropertyRules>> m_rules;
 };
 

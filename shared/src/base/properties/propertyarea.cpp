@@ -36,8 +36,8 @@ QStringList PathOf(const sPropertyItem& in_item)
 }
 } // namespace
 
-CPropertyArea::CPropertyArea(CPropertyPage& in_page)
-    : m_page(in_page),
+CPropertyArea::CPropertyArea(CPropertyRows& in_rows)
+    : m_rows(in_rows),
       m_pControls(new CPropertyControls(*this)),
       m_pItemEditors(new CItemEditors)
 {
@@ -48,7 +48,7 @@ CPropertyArea::CPropertyArea(CPropertyPage& in_page)
     m_pContentWidget->setMouseTracking(true);
     setAttribute(Qt::WA_InputMethodEnabled);
     Measure();
-    m_page.SetClient(this);
+    m_rows.SetClient(this);
     PropertyAccessible::Install();
 }
 
@@ -59,7 +59,7 @@ QWidget* CPropertyArea::Editor() const
 
 CPropertyArea::~CPropertyArea()
 {
-    m_page.SetClient(nullptr);
+    m_rows.SetClient(nullptr);
     m_pEdit.reset();
 }
 
@@ -86,11 +86,11 @@ void CPropertyArea::SetItemEditorFactory(const QItemEditorFactory* in_pFactory)
 {
     TakeOver();
     m_pItemEditors.reset(new CItemEditors(in_pFactory));
-    for (const tItemPtr& pItem : m_page.Items())
+    for (const tItemPtr& pItem : m_rows.Items())
     {
         pItem->type = nullptr;
     }
-    m_page.Refresh();
+    m_rows.Refresh();
 }
 
 void CPropertyArea::changeEvent(QEvent* in_pEvent)
@@ -134,7 +134,7 @@ void CPropertyArea::FindCurrentAgain()
     {
         return;
     }
-    for (const tItemPtr& pItem : m_page.Items())
+    for (const tItemPtr& pItem : m_rows.Items())
     {
         if (NameOf(*pItem) == m_lost.front() && PathOf(*pItem) == m_lost)
         {
@@ -207,11 +207,11 @@ int CPropertyArea::HeightOf(const sPropertyItem& in_item) const
 void CPropertyArea::RecomputeLayout()
 {
     m_bLayoutDue = false;
-    m_filter.IsApplied() ? void() : m_filter.Apply(m_page.Items());
+    m_filter.IsApplied() ? void() : m_filter.Apply(m_rows.Items());
     m_shown.clear();
     m_widgets.clear();
     int iY = 0;
-    for (const tItemPtr& pItem : m_page.Items())
+    for (const tItemPtr& pItem : m_rows.Items())
     {
         if (pItem->kind == sPropertyItem::eGroup && !pItem->recalled)
         {

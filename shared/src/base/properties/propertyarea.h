@@ -5,8 +5,7 @@
 /// \file
 
 #include "propertyfilter.h"
-#include "propertyitem.h"
-#include "propertypage.h"
+#include "propertyrows.h"
 #include "propertystate.h"
 #include "qtinspectorview.h"
 
@@ -41,7 +40,7 @@ public:
         int part = 0;
     };
 
-    explicit CPropertyArea(CPropertyPage& in_page);
+    explicit CPropertyArea(CPropertyRows& in_rows);
     ~CPropertyArea() override;
 
     QSize sizeHint() const override;
@@ -119,7 +118,7 @@ public:
     /// The children that are editors and widgets of the application stand in it.
     QWidget* Content() const { return m_pContentWidget; }
     QScrollBar* ScrollBar() const { return m_pScrollBar; }
-    CPropertyPage& Page() const { return m_page; }
+    CPropertyRows& Rows() const { return m_rows; }
 
     /// Goes before anything of this does.
     const QObject& Whole() const { return m_whole; }
@@ -261,7 +260,7 @@ private:
     bool StepInWidget(bool in_bNext);
     bool PassFocusOn(bool in_bNext);
 
-    CPropertyPage& m_page;
+    CPropertyRows& m_rows;
     QObject m_whole;
     std::unique_ptr<CPropertyControls> m_pControls; ///< the controller of the first library's controls
     std::unique_ptr<CPropertyEdit> m_pEdit;         ///< what is being edited; null for nothing

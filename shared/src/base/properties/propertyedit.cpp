@@ -35,7 +35,7 @@ QVariant Edited(const CProperty& in_own, const CPropertyType& in_type, int in_iP
 
 CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, int in_iPart)
     : m_pArea(&in_area),
-      m_pPage(&in_area.Page()),
+      m_pRows(&in_area.Rows()),
       m_pItem(in_pItem),
       m_iPart(in_iPart),
       m_pStep(std::make_shared<CPropertyStep>())
@@ -190,7 +190,7 @@ void CPropertyEdit::Finish()
 void CPropertyEdit::WriteValue(const QVariant& in_value)
 {
     const QVariant before = m_shown;
-    if (!m_pPage || CPropertyStep::IsSame(in_value, before))
+    if (!m_pRows || CPropertyStep::IsSame(in_value, before))
     {
         return;
     }
@@ -205,13 +205,13 @@ void CPropertyEdit::WriteValue(const QVariant& in_value)
     const int iPart = m_iPart;
     const auto edited = [=](const CProperty& in_own) { return Edited(in_own, *pType, iPart, before, in_value); };
     const auto write = [=](const tPropertyPtr& in_pMember) { return in_pMember->Write(edited(*in_pMember)); };
-    m_pPage->Change(pProperty, edited(*pProperty), write, m_pStep);
+    m_pRows->Change(pProperty, edited(*pProperty), write, m_pStep);
 }
 
 void CPropertyEdit::TakeBack()
 {
     Close();
-    m_pPage ? m_pPage->TakeBack(m_pItem->property, m_pStep) : void();
+    m_pRows ? m_pRows->TakeBack(m_pItem->property, m_pStep) : void();
 }
 
 /// Leaving for elsewhere in the window ends the edit. While another window is active it stays open, but what was typed

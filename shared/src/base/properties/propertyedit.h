@@ -12,7 +12,7 @@
 #include <QVariant>
 
 class CPropertyArea;
-class CPropertyPage;
+class CPropertyRows;
 class CPropertyStep;
 class QKeyEvent;
 class QMouseEvent;
@@ -69,7 +69,7 @@ private:
     bool EndByKey(const QKeyEvent& in_event);
 
     QPointer<CPropertyArea> m_pArea;
-    const QPointer<CPropertyPage> m_pPage;
+    const QPointer<CPropertyRows> m_pRows;
     const tItemPtr m_pItem;
     const int m_iPart;
     QPointer<QWidget> m_pEditor;

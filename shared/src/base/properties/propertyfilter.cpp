@@ -195,7 +195,7 @@ void CPropertyArea::ReadForFilter()
     }
     const QPointer<CPropertyArea> self(this);
     m_filter.SetRead();
-    const tItems items = m_page.Items();
+    const tItems items = m_rows.Items();
     for (std::size_t u = 0; u < items.size() && self; ++u)
     {
         Load(*items[u]);
@@ -226,7 +226,7 @@ void CPropertyArea::PlaceFiltered()
     {
         places.insert(*it == Current() ? places.begin() : places.end(), {*it, (*it)->top - m_iOffsetY});
     }
-    m_filter.Apply(m_page.Items());
+    m_filter.Apply(m_rows.Items());
     if (m_pEdit && m_pEdit->Item()->filtered)
     {
         TakeOver();

@@ -33,7 +33,7 @@ void CPropertyArea::Work(const tItemPtr& in_pItem)
     }
     if (in_pItem->kind == sPropertyItem::eCommand)
     {
-        m_page.Run(in_pItem);
+        m_rows.Run(in_pItem);
         return;
     }
     if (in_pItem->kind != sPropertyItem::eProperty)
@@ -49,7 +49,7 @@ void CPropertyArea::Work(const tItemPtr& in_pItem)
     switch (in_pItem->type->Work())
     {
     case CPropertyType::eToggle:
-        m_page.Write(in_pItem->property, in_pItem->mixed || !in_pItem->value.toBool());
+        m_rows.Write(in_pItem->property, in_pItem->mixed || !in_pItem->value.toBool());
         break;
     case CPropertyType::eLink:
         Follow(*in_pItem);
@@ -177,7 +177,7 @@ void CPropertyArea::DragTo(const QPoint& in_position)
     if (pItem && pItem->property)
     {
         const QVariant value = pItem->type->Stepped(pItem->property->Format(), m_dragValue, iSteps);
-        value.isValid() && value != pItem->value ? void(m_page.Write(pItem->property, value, m_pDragStep)) : void();
+        value.isValid() && value != pItem->value ? void(m_rows.Write(pItem->property, value, m_pDragStep)) : void();
     }
 }
 

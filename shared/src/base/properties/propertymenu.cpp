@@ -31,10 +31,10 @@ QString ClipboardText()
     return bJson ? QString::fromUtf8(pData->data(g_strJson)) : QApplication::clipboard()->text();
 }
 
-CPropertyGroup GroupOf(CPropertyPage& io_page, const tItemPtr& in_pItem)
+CPropertyGroup GroupOf(CPropertyRows& io_rows, const tItemPtr& in_pItem)
 {
     const bool bIsGroup = in_pItem->kind == sPropertyItem::eGroup;
-    return CPropertyGroup(&io_page, bIsGroup || !in_pItem->parent ? in_pItem : in_pItem->parent->shared_from_this());
+    return io_rows.GroupOf(bIsGroup || !in_pItem->parent ? in_pItem : in_pItem->parent->shared_from_this());
 }
 } // namespace
 
@@ -61,21 +61,21 @@ void CPropertyArea::CopyRow(const tItemPtr& in_pItem)
 
 void CPropertyArea::CopyGroup(const tItemPtr& in_pItem)
 {
-    const CPropertyGroup group = GroupOf(m_page, in_pItem);
+    const CPropertyGroup group = GroupOf(m_rows, in_pItem);
     const QString strText = group.Text();
     SetClipboard(strText, group.Json());
 }
 
 void CPropertyArea::CopyPage()
 {
-    const QPointer<CPropertyPage> pPage(&m_page);
-    const QString strText = pPage->Text();
-    SetClipboard(strText, pPage ? pPage->Json() : QByteArray());
+    const QPointer<CPropertyRows> pRows(&m_rows);
+    const QString strText = pRows->Text();
+    SetClipboard(strText, pRows ? pRows->Json() : QByteArray());
 }
 
 void CPropertyArea::CopyPageAsJson()
 {
-    const QByteArray json = m_page.Json();
+    const QByteArray json = m_rows.Json();
     SetClipboard(QString::fromUtf8(json), json);
 }
 
@@ -103,20 +103,20 @@ void CPropertyArea::Paste(const tItemPtr& in_pItem)
     }
     const QPointer<CPropertyArea> self(this);
     const QVariant value = Pasted(in_pItem);
-    if (self && (!value.isValid() || !m_page.Write(in_pItem->property, value)) && self)
+    if (self && (!value.isValid() || !m_rows.Write(in_pItem->property, value)) && self)
     {
-        Q_EMIT m_page.PasteRefused({in_pItem->Label()});
+        Q_EMIT m_rows.Page().PasteRefused({in_pItem->Label()});
     }
 }
 
 void CPropertyArea::PastePage()
 {
-    m_page.Paste(ClipboardText());
+    m_rows.Paste(ClipboardText());
 }
 
 void CPropertyArea::Reset(const tItemPtr& in_pItem)
 {
-    m_page.Reset(in_pItem->property);
+    m_rows.Reset(in_pItem->property);
 }
 
 void CPropertyArea::contextMenuEvent(QContextMenuEvent* in_pEvent)
@@ -148,7 +148,7 @@ void CPropertyArea::OpenMenu(const tItemPtr& in_pItem, const QPoint& in_global)
     m_pMenu = new QMenu(this);
     m_pMenu->setAttribute(Qt::WA_DeleteOnClose);
     FillMenu(in_pItem, bFits);
-    Q_EMIT MenuAboutToShow(m_pMenu, CPropertyRow(&m_page, in_pItem));
+    Q_EMIT MenuAboutToShow(m_pMenu, m_rows.RowOf(in_pItem));
     self&& m_pMenu ? m_pMenu->popup(in_global) : void();
 }
 
@@ -174,7 +174,7 @@ void CPropertyArea::FillMenu(const tItemPtr& in_pItem, bool in_bFits)
     addOfRow(tr("&Copy Value"), bValue, &CPropertyArea::Copy)->setShortcut(QKeySequence::Copy);
     addOfRow(tr("Copy &Label and Value"), bValue, &CPropertyArea::CopyRow);
     addOfRow(tr("&Paste Value"), in_bFits, &CPropertyArea::Paste)->setShortcut(QKeySequence::Paste);
-    addOfRow(tr("&Reset"), bValue && m_page.CanReset(in_pItem->property), &CPropertyArea::Reset);
+    addOfRow(tr("&Reset"), bValue && m_rows.CanReset(in_pItem->property), &CPropertyArea::Reset);
     menu.addSeparator();
     addOfRow(tr("Copy &Group"), in_pItem != nullptr, &CPropertyArea::CopyGroup);
     add(tr("Copy P&age"), true, [this] { CopyPage(); });
@@ -184,7 +184,7 @@ void CPropertyArea::FillMenu(const tItemPtr& in_pItem, bool in_bFits)
     add(tr("&Expand All"), true, [this] { ExpandAll(true); })->setShortcut(Qt::CTRL | Qt::Key_Right);
     add(tr("C&ollapse All"), true, [this] { ExpandAll(false); })->setShortcut(Qt::CTRL | Qt::Key_Left);
     add(tr("&Filter"), true, [this] { Q_EMIT FilterWanted(); })->setShortcut(QKeySequence::Find);
-    QAction* pModified = add(tr("Only &Modified Values"), m_page.Compares() || m_filter.IsOnlyModified(),
+    QAction* pModified = add(tr("Only &Modified Values"), m_rows.Compares() || m_filter.IsOnlyModified(),
                              [this](bool in_bOnly) { SetFilter(m_filter.Text(), in_bOnly); });
     pModified->setCheckable(true);
     pModified->setChecked(m_filter.IsOnlyModified());

@@ -5,7 +5,7 @@
 
 #include "propertiesqt.h"
 #include "propertychange.h"
-#include "propertyitem.h"
+#include "propertyrows.h"
 
 #include <QCoreApplication>
 
@@ -47,7 +47,7 @@ QVariant CPropertyReferences::Reference(const CProperty& in_row, const tProperty
 
 bool CPropertyReferences::IsModified(const tPropertyPtr& in_pRow)
 {
-    const std::vector<tPropertyPtr> members = CPropertyPage::Members(in_pRow);
+    const std::vector<tPropertyPtr> members = CPropertyRows::Members(in_pRow);
     return !in_pRow->IsReadOnly() && std::any_of(members.begin(), members.end(), [&](const tPropertyPtr& in_pMember) {
         const QVariant value = in_pMember->Read();
         Note(in_pMember, value);
@@ -57,28 +57,29 @@ bool CPropertyReferences::IsModified(const tPropertyPtr& in_pRow)
     });
 }
 
-void CPropertyPage::SetModifiedAgainst(eModifiedAgainst in_eAgainst)
+void CPropertyRows::SetModifiedAgainst(CPropertyPage::eModifiedAgainst in_eAgainst)
 {
-    m_pReferences = in_eAgainst == eNothing ? nullptr : std::make_shared<CPropertyReferences>(in_eAgainst);
+    m_pReferences =
+        in_eAgainst == CPropertyPage::eNothing ? nullptr : std::make_shared<CPropertyReferences>(in_eAgainst);
     Refresh();
 }
 
-bool CPropertyPage::IsModified(const tPropertyPtr& in_pProperty) const
+bool CPropertyRows::IsModified(const tPropertyPtr& in_pProperty) const
 {
     const std::shared_ptr<CPropertyReferences> pReferences = m_pReferences;
     return pReferences && in_pProperty && pReferences->IsModified(in_pProperty);
 }
 
-bool CPropertyPage::CanReset(const tPropertyPtr& in_pProperty) const
+bool CPropertyRows::CanReset(const tPropertyPtr& in_pProperty) const
 {
     const bool bFirst = m_pReferences && m_pReferences->AgainstFirst();
     return in_pProperty && !in_pProperty->IsReadOnly() &&
            (bFirst ? IsModified(in_pProperty) : in_pProperty->CanReset());
 }
 
-bool CPropertyPage::Reset(const tPropertyPtr& in_pProperty)
+bool CPropertyRows::Reset(const tPropertyPtr& in_pProperty)
 {
-    const QPointer<CPropertyPage> self(this);
+    const QPointer<CPropertyRows> self(this);
     const tPropertyPtr pProperty = in_pProperty;
     const std::shared_ptr<CPropertyReferences> pReferences = m_pReferences;
     if (!CanReset(pProperty) || !self)
@@ -101,11 +102,11 @@ bool CPropertyPage::Reset(const tPropertyPtr& in_pProperty)
 
 bool CPropertyRow::IsModified() const
 {
-    return m_pPage && m_pPage->IsModified(Property());
+    return m_pRows && m_pRows->IsModified(Property());
 }
 
 void CPropertyRow::Reset()
 {
     const tPropertyPtr pProperty = Property();
-    m_pPage&& pProperty ? void(m_pPage->Reset(pProperty)) : void();
+    m_pRows&& pProperty ? void(m_pRows->Reset(pProperty)) : void();
 }

@@ -1,173 +1,101 @@
 #include "propertypage.h"
 
-#include "propertyitem.h"
-#include "propertymodified.h"
+#include "propertyadapter.h"
+#include "propertyrows.h"
 #include "propertyundo.h"
 
-#include <iterator>
+#include <algorithm>
 
-CPropertyPage::CPropertyPage(QObject* in_pParent) : QObject(in_pParent), m_pUndo(new CPropertyUndo) {}
+CPropertyPage::CPropertyPage(QObject* in_pParent) : QObject(in_pParent), m_pRows(new CPropertyRows(*this)) {}
 
-/// Widgets that no view has shown yet are nobody else's.
-CPropertyPage::~CPropertyPage()
-{
-    for (const tItemPtr& pItem : m_items)
-    {
-        delete pItem->widget;
-    }
-}
+CPropertyPage::~CPropertyPage() = default;
 
 CPropertyGroup CPropertyPage::AddGroup(const QString& in_strTitle)
 {
-    const tItemPtr pItem = std::make_shared<sPropertyItem>(sPropertyItem::eGroup);
-    pItem->label = in_strTitle;
-    return CPropertyGroup(this, Insert(pItem, nullptr));
+    return m_pRows->AddGroup(in_strTitle);
+}
+
+void CPropertyPage::AddObject(QObject* in_pObject)
+{
+    m_pRows->AddGroups(PropertySource::OfObject(in_pObject), in_pObject ? in_pObject->metaObject() : nullptr);
+}
+
+/// The rules that hold are those for the class that all objects have in common.
+void CPropertyPage::AddObjects(const QList<QObject*>& in_objects)
+{
+    const QMetaObject* pClass = in_objects.isEmpty() ? nullptr : in_objects.first()->metaObject();
+    for (const QObject* pObject : in_objects)
+    {
+        while (!pObject->metaObject()->inherits(pClass))
+        {
+            pClass = pClass->superClass();
+        }
+    }
+    m_pRows->AddGroups(PropertySource::OfObjects(in_objects), pClass);
+}
+
+void CPropertyPage::SetAdapter(const CPropertyAdapter& in_adapter)
+{
+    m_pRows->SetAdapter(in_adapter);
+}
+
+CPropertyRow CPropertyPage::Row(const QString& in_strName) const
+{
+    const tItems& items = m_pRows->Items();
+    const auto it = std::find_if(items.begin(), items.end(), [&in_strName](const tItemPtr& in_pItem) {
+        return in_pItem->property && in_pItem->property->Name() == in_strName;
+    });
+    return it == items.end() ? CPropertyRow() : m_pRows->RowOf(*it);
 }
 
 void CPropertyPage::Clear()
 {
-    const QPointer<CPropertyPage> self(this);
-    if (m_pClient)
-    {
-        m_pClient->PageAboutToChange();
-    }
-    if (self)
-    {
-        StopListening();
-        const tItems gone = std::move(m_items);
-        m_items.clear();
-        m_pReferences ? m_pReferences->Forget() : void();
-        RowsChanged();
-        for (const tItemPtr& pItem : gone)
-        {
-            if (pItem->widget)
-            {
-                pItem->widget->hide();
-                pItem->widget->deleteLater(); // its own code may be what changes the page
-            }
-        }
-    }
+    m_pRows->Clear();
 }
 
 void CPropertyPage::Refresh()
 {
-    for (const tItemPtr& pItem : m_items)
-    {
-        pItem->stale = true;
-    }
-    if (m_pClient)
-    {
-        m_pClient->AllItemsChanged();
-    }
+    m_pRows->Refresh();
 }
 
-void CPropertyPage::Run(const tItemPtr& in_pCommand)
+bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value)
 {
-    const QPointer<CPropertyPage> self(this);
-    const tItemPtr pCommand = in_pCommand;
-    if (pCommand->command)
-    {
-        pCommand->command();
-    }
-    if (self)
-    {
-        Refresh();
-    }
+    return m_pRows->Write(in_pProperty, in_value);
 }
 
-/// Puts a row after all else that its group (null: the page) holds.
-tItemPtr CPropertyPage::Insert(const tItemPtr& in_pItem, const tItemPtr& in_pGroup)
+void CPropertyPage::SetUndoStack(QUndoStack* in_pStack)
 {
-    const auto isWithin = [&in_pGroup](const sPropertyItem* in_p) {
-        while (in_p && in_p != in_pGroup.get())
-        {
-            in_p = in_p->parent;
-        }
-        return in_p != nullptr;
-    };
-    auto position = m_items.end();
-    if (in_pGroup)
-    {
-        in_pItem->parent = in_pGroup.get();
-        in_pItem->depth = in_pGroup->depth + (in_pGroup->label.isEmpty() ? 0 : 1);
-        while (position != m_items.begin() && !isWithin(std::prev(position)->get()))
-        {
-            --position;
-        }
-    }
-    m_items.insert(position, in_pItem);
-    Listen(*in_pItem);
-    RowsChanged();
-    return in_pItem;
+    m_pRows->Undo().SetStack(in_pStack, false);
 }
 
-void CPropertyPage::Listen(sPropertyItem& in_item)
+QUndoStack& CPropertyPage::UseOwnUndoStack()
 {
-    if (!in_item.property)
-    {
-        return;
-    }
-    const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("OnNotified()"));
-    for (const CProperty::sNotifier& notifier : in_item.property->Notifiers())
-    {
-        sListeners& listeners = m_listeners[tSignal(notifier.sender, notifier.signal.methodIndex())];
-        if (!listeners.connection) // none yet, or of an object that died and left its address to this one
-        {
-            listeners.connection = connect(notifier.sender, notifier.signal, this, slot);
-        }
-        listeners.rows.push_back(&in_item);
-    }
-    for (const CProperty* pMember : in_item.property->Members())
-    {
-        ListenForDeath(pMember->Object());
-    }
+    CPropertyUndo& undo = m_pRows->Undo();
+    undo.IsOwn() ? void() : undo.SetStack(new QUndoStack, true);
+    return *undo.Stack();
 }
 
-/// The values of an object go with it.
-void CPropertyPage::ListenForDeath(const QObject* in_pObject)
+QUndoStack* CPropertyPage::UndoStack() const
 {
-    const int iSignal = QMetaMethod::fromSignal(&QObject::destroyed).methodIndex();
-    sListeners* pListeners = in_pObject ? &m_listeners[tSignal(in_pObject, iSignal)] : nullptr;
-    if (pListeners && !pListeners->connection)
-    {
-        pListeners->connection = connect(in_pObject, &QObject::destroyed, this, &CPropertyPage::Refresh);
-    }
+    return m_pRows->Undo().Stack();
 }
 
-void CPropertyPage::StopListening()
+void CPropertyPage::SetModifiedAgainst(eModifiedAgainst in_eAgainst)
 {
-    for (const auto& listener : m_listeners)
-    {
-        disconnect(listener.second.connection);
-    }
-    m_listeners.clear();
+    m_pRows->SetModifiedAgainst(in_eAgainst);
 }
 
-void CPropertyPage::OnNotified()
+QString CPropertyPage::Text() const
 {
-    const auto it = m_listeners.find(tSignal(sender(), senderSignalIndex()));
-    if (it != m_listeners.end())
-    {
-        for (sPropertyItem* pItem : it->second.rows)
-        {
-            ItemChanged(*pItem);
-        }
-    }
+    return m_pRows->Text();
 }
 
-void CPropertyPage::ItemChanged(sPropertyItem& in_item)
+QByteArray CPropertyPage::Json() const
 {
-    in_item.stale = true;
-    if (m_pClient)
-    {
-        m_pClient->ItemChanged(in_item);
-    }
+    return m_pRows->Json();
 }
 
-void CPropertyPage::RowsChanged()
+bool CPropertyPage::Paste(const QString& in_strText)
 {
-    if (m_pClient)
-    {
-        m_pClient->PageChanged();
-    }
+    return m_pRows->Paste(in_strText);
 }

@@ -1,26 +1,20 @@
 #ifndef PROPERTYPAGE_H
 #define PROPERTYPAGE_H
 
-#include "propertysource.h"
 #include "propertyvalue.h"
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 
-#include <map>
 #include <utility>
 
-class CPropertyAdapter;
 class CInspectorDataElement;
 class CInspectorDataWidget;
-class CPropertyPage;
-class CPropertyReferences;
-class CPropertyStep;
-class CPropertyUndo;
-class IPropertyPageClient;
+class CPropertyAdapter;
+class CPropertyRows;
 class QUndoStack;
 class QWidget;
-struct sPropertyChange;
 struct sPropertyItem;
 
 /// One row of a page, to say more about it. A small value that may be copied and kept: once the row is gone its
@@ -30,12 +24,12 @@ class PROPERTIES_EXPORT CPropertyRow
 public:
     CPropertyRow() = default;
 
-    /// \internal
-    CPropertyRow(CPropertyPage* in_pPage, const std::shared_ptr<sPropertyItem>& in_pItem);
-    std::shared_ptr<sPropertyItem> Item() const { return m_pItem.lock(); }
-
     /// Whether the row is still there.
     explicit operator bool() const { return !m_pItem.expired(); }
+
+    /// Whether both are the same row; rows that are gone are all alike.
+    bool operator==(const CPropertyRow& in_other) const { return m_pItem.lock() == in_other.m_pItem.lock(); }
+    bool operator!=(const CPropertyRow& in_other) const { return !(*this == in_other); }
 
     /// The least and the greatest value of a number or a date, or of each part of a point, size and the like. Typed
     /// values are kept within.
@@ -95,10 +89,13 @@ public:
     tPropertyPtr Property() const;
 
 private:
+    friend class CPropertyRows;
+
+    CPropertyRow(CPropertyRows* in_pRows, const std::shared_ptr<sPropertyItem>& in_pItem);
     template <class Change> CPropertyRow& ChangeFormat(Change in_change);
     void Changed();
 
-    QPointer<CPropertyPage> m_pPage;
+    QPointer<CPropertyRows> m_pRows;
     std::weak_ptr<sPropertyItem> m_pItem;
 };
 
@@ -108,9 +105,6 @@ class PROPERTIES_EXPORT CPropertyGroup
 {
 public:
     CPropertyGroup() = default;
-
-    /// \internal
-    CPropertyGroup(CPropertyPage* in_pPage, const std::shared_ptr<sPropertyItem>& in_pItem);
 
     /// A variable, edited in place; read-only when it is const. It must live as long as the page shows it.
     template <class T, class = std::enable_if_t<!std::is_invocable<T&>::value>>
@@ -169,9 +163,12 @@ public:
     CPropertyGroup& Tip(const QString& in_strTip);
 
 private:
+    friend class CPropertyRows;
+
+    CPropertyGroup(CPropertyRows* in_pRows, const std::shared_ptr<sPropertyItem>& in_pItem);
     CPropertyRow AddItem(const std::shared_ptr<sPropertyItem>& in_pItem);
 
-    QPointer<CPropertyPage> m_pPage;
+    QPointer<CPropertyRows> m_pRows;
     std::weak_ptr<sPropertyItem> m_pItem;
 };
 
@@ -202,6 +199,9 @@ public:
     /// Lets the rules of an adapter, which is copied, say which properties of objects shown from now on are there,
     /// where and how; of several objects those of the class that all have in common.
     void SetAdapter(const CPropertyAdapter& in_adapter);
+
+    /// The first row of that name, to say more about it; one that is no row when there is none.
+    CPropertyRow Row(const QString& in_strName) const;
 
     /// Takes everything away. What is being typed is taken over first.
     void Clear();
@@ -257,29 +257,6 @@ public:
     /// \return false when there was no value in the text
     bool Paste(const QString& in_strText);
 
-    /// \internal
-    typedef std::function<bool(const tPropertyPtr& in_pMember)> tWriter; ///< writes to one of a row's properties
-    static std::vector<tPropertyPtr> Members(const tPropertyPtr& in_pProperty);
-    bool Write(const tPropertyPtr& in_pProperty, const QVariant& in_value,
-               const std::shared_ptr<CPropertyStep>& in_pStep);
-    bool Change(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tWriter& in_write,
-                const std::shared_ptr<CPropertyStep>& in_pStep);
-    void TakeBack(const tPropertyPtr& in_pProperty, const std::shared_ptr<CPropertyStep>& in_pStep);
-    void Replay(const tPropertyPtr& in_pProperty, const CPropertyStep& in_step,
-                void (CPropertyStep::*in_pDirection)() const);
-    bool OwnsUndoStack() const;
-    bool Compares() const { return m_pReferences != nullptr; }
-    bool IsModified(const tPropertyPtr& in_pProperty) const;
-    bool CanReset(const tPropertyPtr& in_pProperty) const;
-    bool Reset(const tPropertyPtr& in_pProperty);
-    const std::vector<std::shared_ptr<sPropertyItem>>& Items() const { return m_items; }
-    void SetClient(IPropertyPageClient* in_pClient) { m_pClient = in_pClient; }
-    std::shared_ptr<sPropertyItem> Insert(const std::shared_ptr<sPropertyItem>& in_pItem,
-                                          const std::shared_ptr<sPropertyItem>& in_pGroup);
-    void Run(const std::shared_ptr<sPropertyItem>& in_pCommand);
-    void ItemChanged(sPropertyItem& in_item);
-    void RowsChanged();
-
 Q_SIGNALS:
     /// A value is about to be written or reset, by the user or the application. Set `io_pAllowed` to false to refuse
     /// it. For direct connections. Invalid: a RESET function is about to be called. Escape, undo and redo do not ask:
@@ -293,37 +270,10 @@ Q_SIGNALS:
     /// After Paste, what was not taken: names or labels.
     void PasteRefused(const QStringList& in_names);
 
-private Q_SLOTS:
-    void OnNotified();
-
 private:
-    void AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass);
-    void Listen(sPropertyItem& in_item);
-    void ListenForDeath(const QObject* in_pObject);
-    void StopListening();
-    std::vector<tPropertyPtr> Watched(const tPropertyPtr& in_pProperty) const;
-    bool Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
-                 const std::shared_ptr<CPropertyStep>& in_pStep);
-    void Note(const std::vector<sPropertyChange>& in_properties);
-    void Reveal(const CProperty& in_property);
-    void WriteAll(const std::vector<std::pair<tPropertyPtr, QVariant>>& in_changes, QStringList in_refused);
+    friend class CPropertyRows;
 
-    typedef std::pair<const QObject*, int> tSignal; ///< an object and the number of its signal
-
-    struct sListeners
-    {
-        QMetaObject::Connection connection;
-        std::vector<sPropertyItem*> rows;
-    };
-
-    std::shared_ptr<const CPropertyAdapter> m_pAdapter; ///< null: none
-    std::vector<std::shared_ptr<sPropertyItem>> m_items;
-    std::map<tSignal, sListeners> m_listeners; ///< the rows that a signal is about
-    IPropertyPageClient* m_pClient = nullptr;
-    std::unique_ptr<CPropertyUndo> m_pUndo;
-    std::shared_ptr<CPropertyReferences> m_pReferences; ///< null: values are compared with nothing
-    std::shared_ptr<CPropertyStep> m_pWriting;          ///< what is just being written; null for nothing
-    int m_iReplays = 0;                                 ///< how many undos and redos are going on
+    const std::unique_ptr<CPropertyRows> m_pRows;
 };
 
 #endif

@@ -29,7 +29,7 @@ void CPropertyArea::Load(sPropertyItem& io_item)
     const tItemPtr pItem = io_item.shared_from_this();
     const QString strBefore = pItem->text;
     pItem->Load(m_pItemEditors.get());
-    const bool bModified = self && m_page.IsModified(pItem->property);
+    const bool bModified = self && m_rows.IsModified(pItem->property);
     const bool bOther = pItem->modified != bModified;
     pItem->modified = bModified;
     if (self && pItem->text != strBefore)

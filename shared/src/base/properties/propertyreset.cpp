@@ -2,16 +2,16 @@
 /// \file
 
 #include "propertyarea.h"
+#include "propertyundo.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QUndoStack>
 
 bool CPropertyArea::CanResetCurrent()
 {
     const tItemPtr pItem = Current();
-    return pItem && m_page.Compares() && isEnabled() && m_page.CanReset(pItem->property);
+    return pItem && m_rows.Compares() && isEnabled() && m_rows.CanReset(pItem->property);
 }
 
 bool CPropertyArea::ResetCurrent()
@@ -20,7 +20,7 @@ bool CPropertyArea::ResetCurrent()
     TakeOver();
     const bool bReset = self && CanResetCurrent() && self;
     const tItemPtr pItem = bReset ? Current() : nullptr;
-    return pItem && m_page.Reset(pItem->property);
+    return pItem && m_rows.Reset(pItem->property);
 }
 
 int CPropertyArea::ResetWidth(const sPropertyItem& in_item) const
@@ -63,11 +63,11 @@ QFont CPropertyArea::LabelFont(const sPropertyItem& in_item) const
 
 bool CPropertyArea::UndoKey(const QKeyEvent& in_event) const
 {
-    return m_page.OwnsUndoStack() && (in_event.matches(QKeySequence::Undo) || in_event.matches(QKeySequence::Redo));
+    return m_rows.Undo().IsOwn() && (in_event.matches(QKeySequence::Undo) || in_event.matches(QKeySequence::Redo));
 }
 
 void CPropertyArea::UndoOrRedo(const QKeyEvent& in_event)
 {
-    QUndoStack& stack = *m_page.UndoStack();
+    QUndoStack& stack = *m_rows.Undo().Stack();
     in_event.matches(QKeySequence::Undo) ? stack.undo() : stack.redo();
 }

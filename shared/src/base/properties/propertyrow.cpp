@@ -1,12 +1,11 @@
 /// What is said of rows and groups while a page is made.
 /// \file
 
-#include "propertyitem.h"
-#include "propertypage.h"
+#include "propertyrows.h"
 
 #include <QItemEditorFactory>
 
-CPropertyRow::CPropertyRow(CPropertyPage* in_pPage, const tItemPtr& in_pItem) : m_pPage(in_pPage), m_pItem(in_pItem) {}
+CPropertyRow::CPropertyRow(CPropertyRows* in_pRows, const tItemPtr& in_pItem) : m_pRows(in_pRows), m_pItem(in_pItem) {}
 
 tPropertyPtr CPropertyRow::Property() const
 {
@@ -29,10 +28,10 @@ template <class Change> CPropertyRow& CPropertyRow::ChangeFormat(Change in_chang
 void CPropertyRow::Changed()
 {
     const tItemPtr pItem = m_pItem.lock();
-    if (pItem && m_pPage)
+    if (pItem && m_pRows)
     {
         pItem->type = nullptr;
-        m_pPage->ItemChanged(*pItem);
+        m_pRows->ItemChanged(*pItem);
     }
 }
 
@@ -137,19 +136,19 @@ CPropertyRow& CPropertyRow::Label(const QString& in_strLabel)
 void CPropertyRow::Refresh()
 {
     const tItemPtr pItem = m_pItem.lock();
-    if (pItem && m_pPage)
+    if (pItem && m_pRows)
     {
-        m_pPage->ItemChanged(*pItem);
+        m_pRows->ItemChanged(*pItem);
     }
 }
 
-CPropertyGroup::CPropertyGroup(CPropertyPage* in_pPage, const tItemPtr& in_pItem) : m_pPage(in_pPage), m_pItem(in_pItem)
+CPropertyGroup::CPropertyGroup(CPropertyRows* in_pRows, const tItemPtr& in_pItem) : m_pRows(in_pRows), m_pItem(in_pItem)
 {}
 
 CPropertyRow CPropertyGroup::AddItem(const tItemPtr& in_pItem)
 {
     const tItemPtr pGroup = m_pItem.lock();
-    return m_pPage && pGroup ? CPropertyRow(m_pPage, m_pPage->Insert(in_pItem, pGroup)) : CPropertyRow();
+    return m_pRows && pGroup ? m_pRows->RowOf(m_pRows->Insert(in_pItem, pGroup)) : CPropertyRow();
 }
 
 CPropertyRow CPropertyGroup::AddProperty(const tPropertyPtr& in_pProperty)
@@ -207,7 +206,7 @@ CPropertyRow CPropertyGroup::AddControl(const QString& in_strLabel, CInspectorDa
                                         CInspectorDataWidget* in_pControl)
 {
     const CPropertyRow row = AddWidget(in_strLabel, dynamic_cast<QWidget*>(in_pControl));
-    if (const tItemPtr pItem = row.Item())
+    if (const tItemPtr pItem = CPropertyRows::ItemOf(row))
     {
         pItem->control = in_pControl;
         pItem->element.reset(in_pElement);
@@ -220,7 +219,7 @@ CPropertyGroup CPropertyGroup::AddGroup(const QString& in_strTitle)
     const tItemPtr pItem = std::make_shared<sPropertyItem>(sPropertyItem::eGroup);
     pItem->label = in_strTitle;
     AddItem(pItem);
-    return CPropertyGroup(m_pPage, pItem);
+    return CPropertyGroup(m_pRows, pItem);
 }
 
 CPropertyGroup& CPropertyGroup::Expand(bool in_bExpand)
@@ -229,7 +228,7 @@ CPropertyGroup& CPropertyGroup::Expand(bool in_bExpand)
     if (pItem && pItem->expanded != in_bExpand)
     {
         pItem->expanded = in_bExpand;
-        m_pPage ? m_pPage->RowsChanged() : void();
+        m_pRows ? m_pRows->RowsChanged() : void();
     }
     return *this;
 }

@@ -82,7 +82,7 @@ void CPropertyArea::RecallExpanded(sPropertyItem& io_group)
 void CPropertyArea::SetExpandedGroups(const QMap<QString, bool>& in_expanded)
 {
     m_expanded = in_expanded;
-    for (const tItemPtr& pItem : m_page.Items())
+    for (const tItemPtr& pItem : m_rows.Items())
     {
         pItem->recalled = false;
     }
@@ -115,7 +115,7 @@ void CPropertyArea::ExpandAll(bool in_bExpand)
     {
         return;
     }
-    for (const tItemPtr& pItem : m_page.Items())
+    for (const tItemPtr& pItem : m_rows.Items())
     {
         if (pItem->kind == sPropertyItem::eGroup && !pItem->label.isEmpty())
         {

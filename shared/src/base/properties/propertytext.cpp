@@ -1,13 +1,14 @@
 #include "propertytext.h"
 
-#include "propertypage.h"
+#include "propertyrows.h"
 #include "propertytype.h"
+#include "propertyundo.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocale>
-#include <QUndoStack>
 
 #include <algorithm>
 #include <cmath>
@@ -281,12 +282,12 @@ std::vector<sCopied> PropertyText::Parse(const QString& in_strText)
     return copied;
 }
 
-QString CPropertyPage::Text() const
+QString CPropertyRows::Text() const
 {
     return PropertyText::Lines(tItems(m_items));
 }
 
-QByteArray CPropertyPage::Json() const
+QByteArray CPropertyRows::Json() const
 {
     return PropertyText::Json(tItems(m_items));
 }
@@ -294,21 +295,21 @@ QByteArray CPropertyPage::Json() const
 QString CPropertyGroup::Text() const
 {
     const tItemPtr pItem = m_pItem.lock();
-    return pItem && m_pPage ? PropertyText::Lines(Within(m_pPage->Items(), pItem)) : QString();
+    return pItem && m_pRows ? PropertyText::Lines(Within(m_pRows->Items(), pItem)) : QString();
 }
 
 QByteArray CPropertyGroup::Json() const
 {
     const tItemPtr pItem = m_pItem.lock();
-    return pItem && m_pPage ? PropertyText::Json(Within(m_pPage->Items(), pItem)) : QByteArray();
+    return pItem && m_pRows ? PropertyText::Json(Within(m_pRows->Items(), pItem)) : QByteArray();
 }
 
 /// Finds out everything before anything is written: that may rebuild the page.
-bool CPropertyPage::Paste(const QString& in_strText)
+bool CPropertyRows::Paste(const QString& in_strText)
 {
     const std::vector<sCopied> copied = PropertyText::Parse(in_strText);
     const std::vector<tPropertyPtr> properties = Match(m_items, copied);
-    const QPointer<CPropertyPage> self(this);
+    const QPointer<CPropertyRows> self(this);
     std::vector<std::pair<tPropertyPtr, QVariant>> changes;
     QStringList refused;
     for (std::size_t u = 0; u < copied.size(); ++u)
@@ -334,11 +335,11 @@ bool CPropertyPage::Paste(const QString& in_strText)
 }
 
 /// As one step of the undo stack.
-void CPropertyPage::WriteAll(const std::vector<std::pair<tPropertyPtr, QVariant>>& in_changes, QStringList in_refused)
+void CPropertyRows::WriteAll(const std::vector<std::pair<tPropertyPtr, QVariant>>& in_changes, QStringList in_refused)
 {
-    const QPointer<CPropertyPage> self(this);
-    const QPointer<QUndoStack> pStack(in_changes.empty() ? nullptr : UndoStack());
-    pStack ? pStack->beginMacro(tr("Paste")) : void();
+    const QPointer<CPropertyRows> self(this);
+    const QPointer<QUndoStack> pStack(in_changes.empty() ? nullptr : m_pUndo->Stack());
+    pStack ? pStack->beginMacro(QCoreApplication::translate("CPropertyPage", "Paste")) : void();
     for (const auto& change : in_changes)
     {
         if (self && !Write(change.first, change.second))
@@ -349,6 +350,6 @@ void CPropertyPage::WriteAll(const std::vector<std::pair<tPropertyPtr, QVariant>
     pStack ? pStack->endMacro() : void();
     if (self && !in_refused.isEmpty())
     {
-        Q_EMIT PasteRefused(in_refused);
+        Q_EMIT m_page.PasteRefused(in_refused);
     }
 }

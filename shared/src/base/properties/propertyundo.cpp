@@ -1,6 +1,6 @@
 #include "propertyundo.h"
 
-#include "propertypage.h"
+#include "propertyrows.h"
 
 #include <QCoreApplication>
 #include <QUndoCommand>
@@ -14,9 +14,9 @@ const int g_iCommandId = 0x50726f70; ///< no number that an application gives it
 class CPropertyCommand final : public QUndoCommand
 {
 public:
-    CPropertyCommand(CPropertyPage* in_pPage, const tPropertyPtr& in_pProperty, const CPropertyStep& in_changes,
+    CPropertyCommand(CPropertyRows* in_pRows, const tPropertyPtr& in_pProperty, const CPropertyStep& in_changes,
                      const tPropertyStepPtr& in_pStep)
-        : m_pPage(in_pPage),
+        : m_pRows(in_pRows),
           m_pProperty(in_pProperty),
           m_changes(in_changes),
           m_pStep(in_pStep)
@@ -54,10 +54,10 @@ public:
 private:
     void Replay(void (CPropertyStep::*in_pDirection)() const)
     {
-        m_pPage ? m_pPage->Replay(m_pProperty, m_changes, in_pDirection) : (m_changes.*in_pDirection)();
+        m_pRows ? m_pRows->Replay(m_pProperty, m_changes, in_pDirection) : (m_changes.*in_pDirection)();
     }
 
-    const QPointer<CPropertyPage> m_pPage;
+    const QPointer<CPropertyRows> m_pRows;
     const tPropertyPtr m_pProperty; ///< of the row
     CPropertyStep m_changes;
     const tPropertyStepPtr m_pStep;
@@ -80,8 +80,8 @@ void CPropertyUndo::SetStack(QUndoStack* in_pStack, bool in_bOwn)
     m_bOwn = in_bOwn;
 }
 
-void CPropertyUndo::Push(QUndoStack& io_stack, CPropertyPage* in_pPage, const tPropertyPtr& in_pProperty,
+void CPropertyUndo::Push(QUndoStack& io_stack, CPropertyRows* in_pRows, const tPropertyPtr& in_pProperty,
                          const CPropertyStep& in_changes, const tPropertyStepPtr& in_pStep)
 {
-    io_stack.push(new CPropertyCommand(in_pPage, in_pProperty, in_changes, in_pStep));
+    io_stack.push(new CPropertyCommand(in_pRows, in_pProperty, in_changes, in_pStep));
 }

@@ -9,7 +9,7 @@
 #include <QPointer>
 #include <QUndoStack>
 
-class CPropertyPage;
+class CPropertyRows;
 
 class CPropertyUndo
 {
@@ -26,7 +26,7 @@ public:
 
     /// Puts on a stack what was just written, together with what the same step wrote before. Null: the page is gone.
     /// What hears of it may do anything.
-    static void Push(QUndoStack& io_stack, CPropertyPage* in_pPage, const tPropertyPtr& in_pProperty,
+    static void Push(QUndoStack& io_stack, CPropertyRows* in_pRows, const tPropertyPtr& in_pProperty,
                      const CPropertyStep& in_changes, const tPropertyStepPtr& in_pStep);
 
 private:

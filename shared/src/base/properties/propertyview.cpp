@@ -14,7 +14,7 @@
 CPropertyView::CPropertyView(QWidget* in_pParent)
     : QWidget(in_pParent),
       m_pPage(new CPropertyPage(this)),
-      m_pArea(new CPropertyArea(*m_pPage)),
+      m_pArea(new CPropertyArea(CPropertyRows::Of(*m_pPage))),
       m_pFilterLine(new QLineEdit),
       m_pDescription(new QLabel)
 {
@@ -256,14 +256,14 @@ bool CPropertyView::RestoreState(const QByteArray& in_state)
 CPropertyRow CPropertyView::CurrentRow() const
 {
     m_pArea->Shown(); // so that after a change of the page it is known
-    return CPropertyRow(m_pPage, m_pArea->Current());
+    return CPropertyRows::Of(*m_pPage).RowOf(m_pArea->Current());
 }
 
 void CPropertyView::SetCurrentRow(const CPropertyRow& in_row)
 {
     const QPointer<CPropertyView> self(this);
-    const tItemPtr pItem = in_row.Item();
-    const tItems& items = m_pPage->Items();
+    const tItemPtr pItem = CPropertyRows::ItemOf(in_row);
+    const tItems& items = CPropertyRows::Of(*m_pPage).Items();
     if (pItem && std::find(items.begin(), items.end(), pItem) == items.end())
     {
         return; // of another page, or on its way out
@@ -277,7 +277,7 @@ void CPropertyView::SetCurrentRow(const CPropertyRow& in_row)
 
 QRect CPropertyView::ValueRect(const CPropertyRow& in_row) const
 {
-    const tItemPtr pItem = in_row.Item();
+    const tItemPtr pItem = CPropertyRows::ItemOf(in_row);
     m_pArea->Shown(); // so that it has its place
     return pItem && pItem->height > 0 ? m_pArea->ValueRect(*pItem).translated(m_pArea->pos()) : QRect();
 }

@@ -2,9 +2,8 @@
 /// \file
 
 #include "propertychange.h"
-#include "propertyitem.h"
 #include "propertymodified.h"
-#include "propertypage.h"
+#include "propertyrows.h"
 #include "propertyundo.h"
 
 #include <algorithm>
@@ -49,7 +48,7 @@ private:
 };
 } // namespace
 
-std::vector<tPropertyPtr> CPropertyPage::Members(const tPropertyPtr& in_pProperty)
+std::vector<tPropertyPtr> CPropertyRows::Members(const tPropertyPtr& in_pProperty)
 {
     std::vector<tPropertyPtr> members;
     for (CProperty* pMember : in_pProperty->Members())
@@ -61,7 +60,7 @@ std::vector<tPropertyPtr> CPropertyPage::Members(const tPropertyPtr& in_pPropert
 
 /// The properties that a write may change: those written and, where that matters, all else that the page shows of
 /// their objects.
-std::vector<tPropertyPtr> CPropertyPage::Watched(const tPropertyPtr& in_pProperty) const
+std::vector<tPropertyPtr> CPropertyRows::Watched(const tPropertyPtr& in_pProperty) const
 {
     std::vector<tPropertyPtr> watched = Members(in_pProperty);
     std::unordered_set<const QObject*> objects;
@@ -85,28 +84,28 @@ std::vector<tPropertyPtr> CPropertyPage::Watched(const tPropertyPtr& in_pPropert
     return watched;
 }
 
-bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value)
+bool CPropertyRows::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value)
 {
     return Write(in_pProperty, in_value, std::make_shared<CPropertyStep>());
 }
 
-bool CPropertyPage::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tPropertyStepPtr& in_pStep)
+bool CPropertyRows::Write(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tPropertyStepPtr& in_pStep)
 {
     const QVariant value = in_value;
     const auto write = [value](const tPropertyPtr& in_pMember) { return in_pMember->Write(value); };
     return Change(in_pProperty, value, write, in_pStep);
 }
 
-bool CPropertyPage::Change(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tWriter& in_write,
+bool CPropertyRows::Change(const tPropertyPtr& in_pProperty, const QVariant& in_value, const tWriter& in_write,
                            const tPropertyStepPtr& in_pStep)
 {
-    const QPointer<CPropertyPage> self(this);
+    const QPointer<CPropertyRows> self(this);
     const tPropertyPtr pProperty = in_pProperty; // the argument may be a row's, which may go meanwhile
     const tPropertyStepPtr pStep = in_pStep;
     bool bAllowed = !pProperty->IsReadOnly();
     if (bAllowed)
     {
-        Q_EMIT ValueAboutToChange(pProperty.get(), in_value, &bAllowed);
+        Q_EMIT m_page.ValueAboutToChange(pProperty.get(), in_value, &bAllowed);
     }
     const auto writeAll = [&] {
         bool bTaken = false;
@@ -119,7 +118,7 @@ bool CPropertyPage::Change(const tPropertyPtr& in_pProperty, const QVariant& in_
     return self && bAllowed && Perform(pProperty, writeAll, pStep);
 }
 
-void CPropertyPage::TakeBack(const tPropertyPtr& in_pProperty, const tPropertyStepPtr& in_pStep)
+void CPropertyRows::TakeBack(const tPropertyPtr& in_pProperty, const tPropertyStepPtr& in_pStep)
 {
     const tPropertyPtr pProperty = in_pProperty;
     const tPropertyStepPtr pStep = in_pStep;
@@ -131,10 +130,10 @@ void CPropertyPage::TakeBack(const tPropertyPtr& in_pProperty, const tPropertySt
 }
 
 /// Lets `in_write` write, puts what came of it on the stack and tells of it. The arguments are the caller's own.
-bool CPropertyPage::Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
+bool CPropertyRows::Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
                             const tPropertyStepPtr& in_pStep)
 {
-    const QPointer<CPropertyPage> self(this);
+    const QPointer<CPropertyRows> self(this);
     const QPointer<QUndoStack> pStack(m_iReplays == 0 && !m_pWriting ? m_pUndo->Stack() : nullptr);
     const tPropertyStepPtr pOuter = m_pWriting;
     const tPropertyStepPtr pChanges = std::make_shared<CPropertyStep>();
@@ -155,13 +154,13 @@ bool CPropertyPage::Perform(const tPropertyPtr& in_pProperty, const std::functio
     }
     if (self && !pChanges->IsEmpty())
     {
-        Q_EMIT ValueChanged(in_pProperty.get(), before, now);
+        Q_EMIT m_page.ValueChanged(in_pProperty.get(), before, now);
     }
     return bTaken;
 }
 
 /// Values that are about to be written over are first values.
-void CPropertyPage::Note(const std::vector<sPropertyChange>& in_properties)
+void CPropertyRows::Note(const std::vector<sPropertyChange>& in_properties)
 {
     for (const sPropertyChange& property : in_properties)
     {
@@ -169,10 +168,10 @@ void CPropertyPage::Note(const std::vector<sPropertyChange>& in_properties)
     }
 }
 
-void CPropertyPage::Replay(const tPropertyPtr& in_pProperty, const CPropertyStep& in_step,
+void CPropertyRows::Replay(const tPropertyPtr& in_pProperty, const CPropertyStep& in_step,
                            void (CPropertyStep::*in_pDirection)() const)
 {
-    const QPointer<CPropertyPage> self(this);
+    const QPointer<CPropertyRows> self(this);
     const tPropertyPtr pProperty = in_pProperty;
     const QVariant before = pProperty->Read();
     ++m_iReplays; // what is written meanwhile comes of this, and is no step of its own
@@ -185,13 +184,13 @@ void CPropertyPage::Replay(const tPropertyPtr& in_pProperty, const CPropertyStep
     }
     if (self)
     {
-        Q_EMIT ValueChanged(pProperty.get(), before, now);
+        Q_EMIT m_page.ValueChanged(pProperty.get(), before, now);
     }
     self ? void(--m_iReplays) : void();
 }
 
 /// Scrolls to the row of a property, also when the page was filled anew since it was written.
-void CPropertyPage::Reveal(const CProperty& in_property)
+void CPropertyRows::Reveal(const CProperty& in_property)
 {
     const auto isSame = [&](const tItemPtr& in_pItem) {
         const CProperty* pProperty = in_pItem->property.get();
@@ -204,28 +203,4 @@ void CPropertyPage::Reveal(const CProperty& in_property)
     {
         m_pClient->Reveal(tItemPtr(*it));
     }
-}
-
-void CPropertyPage::SetUndoStack(QUndoStack* in_pStack)
-{
-    m_pUndo->SetStack(in_pStack, false);
-}
-
-QUndoStack& CPropertyPage::UseOwnUndoStack()
-{
-    if (!m_pUndo->IsOwn())
-    {
-        m_pUndo->SetStack(new QUndoStack, true);
-    }
-    return *m_pUndo->Stack();
-}
-
-QUndoStack* CPropertyPage::UndoStack() const
-{
-    return m_pUndo->Stack();
-}
-
-bool CPropertyPage::OwnsUndoStack() const
-{
-    return m_pUndo->IsOwn();
 }
