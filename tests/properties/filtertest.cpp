@@ -43,6 +43,13 @@ struct sPage
     CPropertyView view;
     QVector<CPropertyRow> rows;
 };
+
+/// Whether the screen shows what a paint of the whole view does.
+bool IsPainted(QWidget& in_view)
+{
+    const QImage screen = TestSupport::Grabbed(in_view);
+    return screen == in_view.grab().toImage().convertToFormat(screen.format());
+}
 } // namespace
 
 class CFilterTest : public QObject
@@ -51,6 +58,36 @@ class CFilterTest : public QObject
 
 private Q_SLOTS:
     void initTestCase() { TestSupport::FailOnWarnings(); }
+
+    /// A change asks for no more than what it changes, and a text that was painted before is not shaped again.
+    void PaintedInPart()
+    {
+        sPage page;
+        page.view.Page().SetModifiedAgainst(CPropertyPage::eFirstValues);
+        page.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page.view));
+        QFont large = page.view.font();
+        large.setPointSize(large.pointSize() + 3);
+        const std::function<void()> changes[] = {
+            [&] { page.rows[0].Refresh(); },
+            [&] { page.strName = QStringLiteral("Name"), page.rows[0].Refresh(); },
+            [&] { page.iBrightness = 7, page.view.Page().Refresh(); },
+            [&] { page.rows[1].Label(QStringLiteral("Light\nof it")).Suffix(QStringLiteral(" lm")); },
+            [&] { page.rows[1].Reset(), page.bOpen = false, page.view.Page().Refresh(); },
+            [&] { page.view.SetLabelColumn(30); },
+            [&] { page.view.SetLabelColumn(60); },
+            [&] { page.view.SetCurrentRow(page.rows[2]); },
+            [&] { page.view.SetFilter(QStringLiteral("n")); },
+            [&] { page.view.setFont(large); },
+            [&] { page.view.setLayoutDirection(Qt::RightToLeft); },
+        };
+        for (const auto& change : changes)
+        {
+            change();
+            TestSupport::WaitUntil([&] { return IsPainted(page.view); });
+            QVERIFY2(IsPainted(page.view), QByteArray::number(int(&change - changes)));
+        }
+    }
 
     void Words_data()
     {

@@ -5,7 +5,7 @@
 #include "propertyedit.h"
 #include "propertytype.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QStyle>
 
@@ -50,6 +50,7 @@ CPropertyArea::CPropertyArea(CPropertyRows& in_rows)
     Measure();
     m_rows.SetClient(this);
     PropertyAccessible::Install();
+    connect(qApp, &QGuiApplication::fontDatabaseChanged, this, [this] { m_texts.Forget(); });
 }
 
 QWidget* CPropertyArea::Editor() const
@@ -177,17 +178,15 @@ const tItems& CPropertyArea::Shown()
     return m_shown;
 }
 
+/// A new value asks for no more than its own place: painting the labels and the scroll bar takes twice as long.
 void CPropertyArea::ItemChanged(sPropertyItem& in_item)
 {
-    if (!m_bLayoutDue && in_item.height > 0)
-    {
-        update(RowRect(in_item));
-    }
+    UpdateRow(in_item, in_item.type != nullptr); // without a type, anything of it may be another
 }
 
 void CPropertyArea::AllItemsChanged()
 {
-    update();
+    update(Mirrored(QRect(Column(), 0, RowWidth() - Column(), height())));
 }
 
 int CPropertyArea::HeightOf(const sPropertyItem& in_item) const

@@ -4,6 +4,7 @@
 /// Where the rows of a page are placed, painted and worked with mouse and keyboard. Private to the library.
 /// \file
 
+#include "linetexts.h"
 #include "propertyfilter.h"
 #include "propertyrows.h"
 #include "propertystate.h"
@@ -202,7 +203,7 @@ private:
     // Painting: propertypainting.cpp.
     void Load(sPropertyItem& io_item);
     void LoadInSight(const QRect& in_exposed);
-    void PaintItem(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintItem(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed);
     void PaintGrid(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintCurrent(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintTitle(QPainter& in_painter, const sPropertyItem& in_item);
@@ -212,6 +213,7 @@ private:
     void PaintCommand(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintReset(QPainter& in_painter, const sPropertyItem& in_item);
     QFont LabelFont(const sPropertyItem& in_item) const;
+    void UpdateRow(const sPropertyItem& in_item, bool in_bOnlyValue = false);
     void UpdateCurrent();
     void PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText, const QColor& in_colour);
     QString PartText(const sPropertyItem& in_item, int in_iPart) const;
@@ -273,6 +275,7 @@ private:
     tItems m_widgets;                       ///< the rows that are widgets
     std::weak_ptr<sPropertyItem> m_pressed; ///< the command that the mouse holds down
     QPointer<QMenu> m_pMenu;                ///< while it is open
+    CLineTexts m_texts;
     QColor m_gridColour;
     std::weak_ptr<sPropertyItem> m_current;
     int m_iPart = 0;

@@ -10,7 +10,6 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
-#include <QTextLayout>
 
 namespace
 {
@@ -32,6 +31,10 @@ void CPropertyArea::Load(sPropertyItem& io_item)
     const bool bModified = self && m_rows.IsModified(pItem->property);
     const bool bOther = pItem->modified != bModified;
     pItem->modified = bModified;
+    if (self && bOther)
+    {
+        UpdateRow(*pItem); // its label has another font, and its value another width
+    }
     if (self && pItem->text != strBefore)
     {
         PropertyAccessible::TellValue(*this, *pItem);
@@ -74,11 +77,11 @@ void CPropertyArea::paintEvent(QPaintEvent* in_pEvent)
     for (auto it = FirstBelow(exposed.top() + m_iOffsetY); it != last && (*it)->top - m_iOffsetY <= exposed.bottom();
          ++it)
     {
-        PaintItem(painter, **it);
+        PaintItem(painter, **it, exposed);
     }
 }
 
-void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item)
+void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed)
 {
     if (in_item.kind == sPropertyItem::eGroup)
     {
@@ -94,7 +97,7 @@ void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item
     {
         PaintCommand(in_painter, in_item);
     }
-    else
+    else if (in_exposed.intersects(LabelRect(in_item)))
     {
         const QPalette::ColorRole eRole = bCurrent ? QPalette::HighlightedText : QPalette::Text;
         in_item.modified ? in_painter.setFont(LabelFont(in_item)) : void();
@@ -141,12 +144,20 @@ void CPropertyArea::PaintCurrent(QPainter& in_painter, const sPropertyItem& in_i
     }
 }
 
+void CPropertyArea::UpdateRow(const sPropertyItem& in_item, bool in_bOnlyValue)
+{
+    if (in_item.height > 0 && !m_bLayoutDue)
+    {
+        update(in_bOnlyValue ? ValueRect(in_item) : RowRect(in_item));
+    }
+}
+
 void CPropertyArea::UpdateCurrent()
 {
     const tItemPtr pItem = Current();
-    if (pItem && pItem->height > 0 && !m_bLayoutDue)
+    if (pItem)
     {
-        update(RowRect(*pItem));
+        UpdateRow(*pItem);
     }
 }
 
@@ -283,8 +294,7 @@ QColor CPropertyArea::MutedColour() const
     return QColor(mix(text.red(), base.red()), mix(text.green(), base.green()), mix(text.blue(), base.blue()));
 }
 
-/// One line, cut with an ellipsis where it does not fit, in which what the filter looks for is marked. Short texts are
-/// not measured.
+/// One line, cut with an ellipsis where it does not fit, in which what the filter looks for is marked.
 void CPropertyArea::PaintText(QPainter& in_painter, const QRect& in_rect, const QString& in_strText,
                               const QColor& in_colour)
 {
@@ -292,36 +302,19 @@ void CPropertyArea::PaintText(QPainter& in_painter, const QRect& in_rect, const 
     {
         return;
     }
-    const QFontMetrics metrics = in_painter.fontMetrics();
-    const bool bShort = in_strText.size() * metrics.maxWidth() <= in_rect.width();
-    const QString strShown = bShort ? in_strText : metrics.elidedText(in_strText, Qt::ElideRight, in_rect.width());
-    in_painter.setPen(in_colour);
-    const int iAlignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
-    // A text reads in the direction of what it says, as in an editor: a unit stands after its number.
-    const bool bToLeft = strShown.isRightToLeft();
-    const std::vector<std::pair<int, int>> marks = m_filter.Marks(strShown);
-    if (marks.empty())
-    {
-        const int iDirection = bToLeft ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
-        in_painter.drawText(in_rect, iAlignment | iDirection | Qt::TextSingleLine, strShown);
-        return;
-    }
-    QTextLayout layout(strShown, in_painter.font());
-    QTextOption option(Qt::Alignment(iAlignment) | Qt::AlignAbsolute);
-    option.setTextDirection(bToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(in_rect.width());
-    layout.endLayout();
-    const QPointF origin(in_rect.left(), in_rect.top() + (in_rect.height() - line.height()) / 2);
-    for (const auto& mark : marks)
+    const QTextLayout& text = m_texts.Line(in_strText, in_painter.font(), in_rect.width());
+    const QTextLine line = text.lineAt(0);
+    const qreal height = line.ascent() + line.descent();
+    const qreal free = layoutDirection() == Qt::RightToLeft ? in_rect.width() - line.naturalTextWidth() : 0;
+    const QPointF origin(in_rect.left() + free, in_rect.top() + (in_rect.height() - height) / 2);
+    for (const auto& mark : m_filter.Marks(text.text()))
     {
         const qreal begin = line.cursorToX(mark.first);
-        const QRectF place(begin, 0, line.cursorToX(mark.second) - begin, line.height());
+        const QRectF place(begin, 0, line.cursorToX(mark.second) - begin, height);
         in_painter.fillRect(place.normalized().translated(origin), MarkColour(in_colour));
     }
-    layout.draw(&in_painter, origin);
+    in_painter.setPen(in_colour);
+    text.draw(&in_painter, origin);
 }
 
 /// Behind what the filter found, in a text of the colour given.
