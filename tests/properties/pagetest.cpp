@@ -60,6 +60,7 @@ void PageTest::Worked_data()
         {"Tab through parts", "PT", "Down 8 Tab 9 Tab", "0=8,2 0=8,9 @1[v]"},
         {"Shift+Tab into the last part", "PT", "End Return shift+Tab", "@0[2]"},
         {"typing on a key sequence records", "K", "Down a Tab", "0=A @0 after"},
+        {"Shift is no key sequence", "TK", "End Return shift+Tab", "@0[v]"},
         {"read-only", "X", "Down Return x F2 Space", "@0"},
         {"read-only is copied", "XT", "Down ctrl+c Down Return x Return ctrl+v", "1=x 1=v @1"},
         {"copy, paste into a number", "NN", "Down 4 2 Return ctrl+c Down ctrl+v", "0=42 1=42 @1"},

@@ -2,6 +2,7 @@
 
 #include "valuetypes.h"
 
+#include <QKeyEvent>
 #include <QStyle>
 #include <QTextBlock>
 #include <QWheelEvent>
@@ -113,5 +114,22 @@ void CKeySequenceEditor::SetValue(const QVariant& in_value)
     if (in_value != Value())
     {
         setKeySequence(in_value.value<QKeySequence>()); // else it would end a recording
+    }
+}
+
+/// The base begins to record with a key that only goes with others, and would forget all when Shift+Tab goes back.
+void CKeySequenceEditor::keyPressEvent(QKeyEvent* in_pEvent)
+{
+    switch (in_pEvent->key())
+    {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_Meta:
+    case Qt::Key_AltGr:
+        in_pEvent->ignore();
+        break;
+    default:
+        QKeySequenceEdit::keyPressEvent(in_pEvent);
     }
 }

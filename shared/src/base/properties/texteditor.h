@@ -87,6 +87,9 @@ public:
 
     QVariant Value() const { return QVariant::fromValue(keySequence()); }
     void SetValue(const QVariant& in_value);
+
+protected:
+    void keyPressEvent(QKeyEvent* in_pEvent) override;
 };
 
 #endif
