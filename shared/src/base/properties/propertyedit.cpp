@@ -13,6 +13,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -247,13 +248,17 @@ bool CPropertyEdit::eventFilter(QObject* in_pObject, QEvent* in_pEvent)
     }
     const QPointer<QObject> receiver(in_pObject);
     const auto* pWidget = qobject_cast<QWidget*>(in_pObject);
-    const bool bOwnKeys = pWidget && IsOwn(pWidget) && pWidget->window() == m_pArea->window();
+    const bool bOwn = pWidget && IsOwn(pWidget);
+    const bool bOwnKeys = bOwn && pWidget->window() == m_pArea->window();
     switch (in_pEvent->type())
     {
     case QEvent::ShortcutOverride:
+        m_bOfList = bOwn ? !bOwnKeys : m_bOfList;
         return bOwnKeys && OverrideShortcut(*static_cast<QKeyEvent*>(in_pEvent));
     case QEvent::KeyPress:
-        return bOwnKeys && EndByKey(*static_cast<QKeyEvent*>(in_pEvent));
+        // A list that closes at once when it is asked about a key leaves it to the window below.
+        return bOwn && ((std::exchange(m_bOfList, false) && bOwnKeys) ||
+                        (bOwnKeys && EndByKey(*static_cast<QKeyEvent*>(in_pEvent))));
     case QEvent::Shortcut:
         Write(); // what the shortcut does is done to the value as typed
         return !receiver;

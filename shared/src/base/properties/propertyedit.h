@@ -78,6 +78,7 @@ private:
     QVariant m_shown;                             ///< what the editor held when it was last in step with the row
     bool m_bShowing = false;                      ///< the editor is being told a value
     bool m_bWritePosted = false;
+    bool m_bOfList = false; ///< the key that is being pressed was a list's when it was asked about
 };
 
 #endif
