@@ -207,6 +207,8 @@ private Q_SLOTS:
         page.Type("typed");
         const QPointer<QWidget> pEditor = QApplication::focusWidget();
         const int iY = page.view.ValueRect(rows[60]).y();
+        page.view.SetFilter(QStringLiteral("row"));
+        QCOMPARE(page.view.ValueRect(rows[60]).y(), iY);
         page.view.SetFilter(QStringLiteral("row 6"));
         QCOMPARE(QApplication::focusWidget(), pEditor.data());
         QCOMPARE(page.strName, QStringLiteral("Reading corner"));

@@ -207,39 +207,61 @@ void CPropertyArea::RecomputeLayout()
 {
     m_bLayoutDue = false;
     m_filter.IsApplied() ? void() : m_filter.Apply(m_rows.Items());
-    m_shown.clear();
-    m_widgets.clear();
-    int iY = 0;
-    for (const tItemPtr& pItem : m_rows.Items())
-    {
-        if (pItem->kind == sPropertyItem::eGroup && !pItem->recalled)
-        {
-            RecallExpanded(*pItem);
-        }
-        const bool bOpen = !pItem->parent || pItem->parent->open;
-        pItem->top = iY;
-        pItem->height = bOpen && !pItem->filtered ? HeightOf(*pItem) : 0;
-        pItem->open = bOpen && pItem->IsExpanded();
-        iY += pItem->height;
-        if (pItem->height > 0)
-        {
-            m_shown.push_back(pItem);
-        }
-        if (pItem->kind == sPropertyItem::eWidget)
-        {
-            m_widgets.push_back(pItem);
-        }
-    }
-    m_iContentHeight = iY;
+    PlaceRows();
     FindCurrentAgain();
     if (m_bLabelsDue)
     {
         m_bLabelsDue = false;
         m_iFitting = FittingColumn(false);
+        FindWidgets();
     }
     UpdateView();
     PropertyAccessible::TellRows(*this);
     OnContentHeightSet();
+}
+
+void CPropertyArea::PlaceRows()
+{
+    for (const tItemPtr& pItem : m_shown)
+    {
+        pItem->height = 0;
+    }
+    m_shown.clear();
+    m_iContentHeight = 0;
+    const tItems& items = m_rows.Items();
+    for (std::size_t u = 0; u < items.size(); ++u)
+    {
+        if (m_filter.LeavesOut(u))
+        {
+            continue;
+        }
+        sPropertyItem& item = *items[u];
+        if (item.kind == sPropertyItem::eGroup && !item.recalled)
+        {
+            RecallExpanded(item);
+        }
+        const bool bOpen = !item.parent || item.parent->open;
+        item.top = m_iContentHeight;
+        item.height = bOpen ? HeightOf(item) : 0;
+        item.open = bOpen && item.IsExpanded();
+        m_iContentHeight += item.height;
+        if (item.height > 0)
+        {
+            m_shown.push_back(items[u]);
+        }
+    }
+}
+
+void CPropertyArea::FindWidgets()
+{
+    m_widgets.clear();
+    for (const tItemPtr& pItem : m_rows.Items())
+    {
+        if (pItem->kind == sPropertyItem::eWidget)
+        {
+            m_widgets.push_back(pItem);
+        }
+    }
 }
 
 /// The first library leaves the scroll bar's place free even when there is none.

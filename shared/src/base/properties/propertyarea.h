@@ -179,6 +179,8 @@ private:
     void LayOutSoon();
     void FindCurrentAgain();
     void EnsureLayout();
+    void PlaceRows();
+    void FindWidgets();
     void PlaceWidgets();
     void AdoptWidget(sPropertyItem& in_item);
     int HeightOf(const sPropertyItem& in_item) const;

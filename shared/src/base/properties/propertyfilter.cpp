@@ -63,6 +63,7 @@ void CPropertyFilter::Forget()
     m_strAll.clear();
     m_ends.clear();
     m_parents.clear();
+    m_states.assign(m_states.size(), eUnknown);
 }
 
 void CPropertyFilter::SetRead()
@@ -73,10 +74,14 @@ void CPropertyFilter::SetRead()
 
 void CPropertyFilter::Append(const QString& in_strText)
 {
-    const int iBegin = static_cast<int>(m_strAll.size());
+    const auto iBegin = m_strAll.size();
     m_strAll.resize(iBegin + in_strText.size() + 1);
-    std::transform(in_strText.begin(), in_strText.end(), m_strAll.begin() + iBegin, &Folded);
-    m_strAll.back() = g_end;
+    QChar* pTo = m_strAll.data() + iBegin;
+    for (const QChar c : in_strText)
+    {
+        *pTo++ = Folded(c);
+    }
+    *pTo = g_end;
 }
 
 void CPropertyFilter::Gather(const tItems& in_items)
@@ -95,7 +100,7 @@ void CPropertyFilter::Gather(const tItems& in_items)
             groups.emplace_back(pItem.get(), static_cast<int>(m_ends.size()));
         }
         Append(pItem->Label());
-        Append(pItem->mixed ? QString() : pItem->text);
+        pItem->mixed ? void() : Append(pItem->text);
         pItem->Tip().isEmpty() ? void() : Append(pItem->Tip());
         m_ends.push_back(static_cast<int>(m_strAll.size()));
     }
@@ -121,10 +126,31 @@ void CPropertyFilter::Find(const QString& in_strWord, quint64 in_ulBit, std::vec
     }
 }
 
+/// The rows stand far apart in memory, so that most of what a filter costs is looking at each: only those for which it
+/// comes to something else than before are touched.
 void CPropertyFilter::Apply(const tItems& in_items)
 {
     m_bApplied = true;
-    if (IsOn() && m_ends.empty())
+    std::vector<quint8> before = std::exchange(m_states, IsOn() ? States(in_items) : std::vector<quint8>());
+    if (before.empty() && m_states.empty())
+    {
+        return;
+    }
+    before.resize(in_items.size(), eUnknown);
+    for (std::size_t u = 0; u < before.size(); ++u)
+    {
+        const int iState = m_states.empty() ? 0 : m_states[u];
+        if (iState != before[u] || iState == eRevealed) // which the user may have folded since
+        {
+            in_items[u]->filtered = iState == eLeftOut;
+            in_items[u]->revealed = iState == eRevealed;
+        }
+    }
+}
+
+std::vector<quint8> CPropertyFilter::States(const tItems& in_items)
+{
+    if (m_ends.empty())
     {
         Gather(in_items);
     }
@@ -136,21 +162,21 @@ void CPropertyFilter::Apply(const tItems& in_items)
         Find(strWord, ulBit, found);
         ulAll |= ulBit;
     }
+    std::vector<quint8> states(in_items.size(), 0);
     for (std::size_t u = 0; u < found.size(); ++u)
     {
-        sPropertyItem& item = *in_items[u];
-        found[u] |= IsOn() && m_parents[u] >= 0 ? found[static_cast<std::size_t>(m_parents[u])] : 0;
-        item.filtered = found[u] != ulAll || (m_bOnlyModified && !item.modified);
-        item.revealed = false;
+        found[u] |= m_parents[u] >= 0 ? found[static_cast<std::size_t>(m_parents[u])] : 0;
+        const bool bLeft = found[u] == ulAll && (!m_bOnlyModified || in_items[u]->modified);
+        states[u] = bLeft ? 0 : eLeftOut;
     }
-    for (std::size_t u = IsOn() ? found.size() : 0; u-- > 0;)
+    for (std::size_t u = found.size(); u-- > 0;)
     {
-        if (!in_items[u]->filtered && in_items[u]->parent)
+        if (states[u] != eLeftOut && m_parents[u] >= 0)
         {
-            in_items[u]->parent->filtered = false;
-            in_items[u]->parent->revealed = true;
+            states[static_cast<std::size_t>(m_parents[u])] = eRevealed;
         }
     }
+    return states;
 }
 
 std::vector<std::pair<int, int>> CPropertyFilter::Marks(const QString& in_strText) const
@@ -171,7 +197,6 @@ std::vector<std::pair<int, int>> CPropertyFilter::Marks(const QString& in_strTex
 
 void CPropertyArea::SetFilter(const QString& in_strText, bool in_bOnlyModified)
 {
-    const QPointer<CPropertyArea> self(this);
     if (!m_filter.IsOn())
     {
         m_beforeFilter = m_current;
@@ -180,8 +205,7 @@ void CPropertyArea::SetFilter(const QString& in_strText, bool in_bOnlyModified)
     const bool bOtherText = m_filter.SetText(in_strText);
     if (m_filter.SetOnlyModified(in_bOnlyModified) || bOtherText)
     {
-        ReadForFilter();
-        self ? PlaceFiltered() : void();
+        PlaceFiltered();
     }
 }
 
@@ -195,10 +219,9 @@ void CPropertyArea::ReadForFilter()
     }
     const QPointer<CPropertyArea> self(this);
     m_filter.SetRead();
-    const tItems items = m_rows.Items();
-    for (std::size_t u = 0; u < items.size() && self; ++u)
+    for (std::size_t u = 0; self && m_filter.IsRead() && u < m_rows.Items().size(); ++u)
     {
-        Load(*items[u]);
+        Load(*m_rows.Items()[u]);
     }
     if (self)
     {
@@ -226,10 +249,11 @@ void CPropertyArea::PlaceFiltered()
     {
         places.insert(*it == Current() ? places.begin() : places.end(), {*it, (*it)->top - m_iOffsetY});
     }
-    m_filter.Apply(m_rows.Items());
-    if (m_pEdit && m_pEdit->Item()->filtered)
+    ReadForFilter();
+    if (self)
     {
-        TakeOver();
+        m_filter.Apply(m_rows.Items());
+        m_pEdit && m_pEdit->Item()->filtered ? TakeOver() : void();
     }
     self ? RecomputeLayout() : void();
     if (!self)

@@ -42,10 +42,24 @@ public:
     /// Tells each row whether it is left out.
     void Apply(const tItems& in_items);
 
+    /// Whether it leaves out the row at a place among those that Apply was called with.
+    bool LeavesOut(std::size_t in_uPlace) const
+    {
+        return in_uPlace < m_states.size() && m_states[in_uPlace] == eLeftOut;
+    }
+
     /// Where the words stand in a text: the places of their first characters, and of those after their last.
     std::vector<std::pair<int, int>> Marks(const QString& in_strText) const;
 
 private:
+    enum
+    {
+        eLeftOut = 1,
+        eRevealed, ///< a group that holds what was found
+        eUnknown,
+    };
+
+    std::vector<quint8> States(const tItems& in_items);
     void Gather(const tItems& in_items);
     void Append(const QString& in_strText);
     void Find(const QString& in_strWord, quint64 in_ulBit, std::vector<quint64>& io_found) const;
@@ -55,9 +69,10 @@ private:
     bool m_bOnlyModified = false;
     bool m_bRead = false;
     bool m_bApplied = true;
-    QString m_strAll;           ///< what can be found in the rows, one after the other
-    std::vector<int> m_ends;    ///< where in it each row ends
-    std::vector<int> m_parents; ///< the place of each row's group among the rows, -1 for none
+    QString m_strAll;             ///< what can be found in the rows, one after the other
+    std::vector<int> m_ends;      ///< where in it each row ends
+    std::vector<quint8> m_states; ///< of each row what Apply told it; empty for nothing
+    std::vector<int> m_parents;   ///< the place of each row's group among the rows, -1 for none
 };
 
 #endif
