@@ -8,6 +8,22 @@
 
 Q_DECLARE_METATYPE(CPropertyAdapter)
 
+namespace
+{
+struct sLook
+{
+    Q_GADGET
+    Q_PROPERTY(int width MEMBER iWidth)
+    Q_PROPERTY(QString name MEMBER strName)
+    Q_PROPERTY(bool spare MEMBER bSpare)
+
+public:
+    int iWidth = 3;
+    QString strName;
+    bool bSpare = false;
+};
+} // namespace
+
 class CAdapterTest : public QObject
 {
     Q_OBJECT
@@ -94,11 +110,26 @@ private Q_SLOTS:
             pPage->objectName().isEmpty() ? void() : delete std::exchange(pPage, nullptr);
         });
         pPage->SetAdapter(adapter);
-        pPage->AddObjects({&timer, &button});
+        pPage->AddObjects({nullptr, &timer, &button, &timer});
         QCOMPARE(pPage->Text(), QString("QObject\nName\t\n"));
         pPage->setObjectName("to go");
         pPage->AddObject(&button);
         QVERIFY(!pPage);
+    }
+
+    /// The group that it is added to takes in what the rules put under no title.
+    void Gadget()
+    {
+        sLook look;
+        CPropertyAdapter adapter;
+        adapter.Of<sLook>().Hide({"spare"}).Group("Size", {"width"}).For("width", [](CPropertyRow in_row) {
+            in_row.Suffix(" px");
+        });
+        CPropertyPage page;
+        page.SetAdapter(adapter);
+        page.AddGroup("Look").AddGadget(look);
+        QCOMPARE(QString(page.Json()).simplified(), QString(R"({ "Look": { "Size": { "width": 3 }, "name": "" } })"));
+        QCOMPARE(page.Row("width").Property()->Format().suffix, QString(" px"));
     }
 };
 

@@ -95,6 +95,8 @@ private Q_SLOTS:
         page.view.SetCurrentRow(page.rows[1]);
         document.setHtml(pLabel->text());
         QCOMPARE(document.toPlainText(), QStringLiteral("b\n"));
+        page.view.Page().Clear();
+        QTRY_VERIFY(!pLabel->text().contains(QLatin1Char('b') + QStringLiteral("</b>")));
     }
 
     void NextRun()

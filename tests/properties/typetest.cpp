@@ -99,6 +99,7 @@ private slots:
     void Dialog();
     void OtherDialogs();
     void Completion();
+    void PrefixAndSuffix();
     void ForeignEditors();
     void Looks();
 };
@@ -603,19 +604,51 @@ void CTypeTest::OtherDialogs()
 void CTypeTest::Completion()
 {
     const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir("chapter"));
-    CTestProperty property(QVariant(folder.path()));
-    property.EditFormat().editor = sPropertyFormat::eFolder;
-    sEdit edit(property, folder.path());
-    QVERIFY(TestSupport::ShowWindow(&edit.window));
-    QTest::keyClick(edit.editor.widget, Qt::Key_End);
-    QTest::keyClicks(edit.editor.widget, "/ch");
-    QVERIFY(TestSupport::WaitUntil([] { return QApplication::activePopupWidget(); }));
-    QWidget* pList = QApplication::activePopupWidget();
-    QVERIFY(CPropertyType::IsWithin(pList, edit.editor.widget));
-    QTest::keyClick(pList, Qt::Key_Down);
-    QTest::keyClick(pList, Qt::Key_Return);
-    QCOMPARE(edit.Value().toString(), folder.filePath("chapter"));
+    QVERIFY(QDir(folder.path()).mkpath("book/chapter"));
+    const QString strBefore = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.path()));
+    for (const QString& strFolder : {folder.path() + "/book/", QString("book/"), QString("./book/../book/"), QString()})
+    {
+        CTestProperty property{QVariant(strFolder)};
+        property.EditFormat().editor = sPropertyFormat::eFolder;
+        sEdit edit(property, strFolder);
+        QVERIFY(TestSupport::ShowWindow(&edit.window));
+        QTest::keyClick(edit.editor.widget, Qt::Key_End);
+        QTest::keyClicks(edit.editor.widget, strFolder.isEmpty() ? "bo" : "ch");
+        QVERIFY(TestSupport::WaitUntil([] { return QApplication::activePopupWidget(); }));
+        QWidget* pList = QApplication::activePopupWidget();
+        QVERIFY(CPropertyType::IsWithin(pList, edit.editor.widget));
+        QTest::keyClick(pList, Qt::Key_Down);
+        QTest::keyClick(pList, Qt::Key_Return);
+        QCOMPARE(edit.Value().toString(), strFolder.isEmpty() ? "book" : strFolder + "chapter");
+    }
+    QVERIFY(QDir::setCurrent(strBefore));
+}
+
+/// They stand around what is typed, and are no part of it.
+void CTypeTest::PrefixAndSuffix()
+{
+    CTestProperty property{QVariant(5)};
+    property.EditFormat().prefix = "about ";
+    property.EditFormat().suffix = " %";
+    for (const Qt::LayoutDirection eDirection : {Qt::LeftToRight, Qt::RightToLeft})
+    {
+        QGuiApplication::setLayoutDirection(eDirection);
+        sEdit edit(property, 5);
+        edit.editor.widget->resize(200, 20);
+        QVERIFY(TestSupport::ShowWindow(&edit.window));
+        const auto* pLine = edit.editor.widget->findChild<QLineEdit*>();
+        const QList<QLabel*> labels = pLine->findChildren<QLabel*>();
+        const bool bMirrored = eDirection == Qt::RightToLeft;
+        const int iPrefixAt = labels[bMirrored ? 1 : 0]->geometry().right();
+        const int iSuffixAt = labels[bMirrored ? 0 : 1]->geometry().left();
+        const int iCursor = pLine->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+        QCOMPARE(pLine->text(), QString("5"));
+        QVERIFY2(iPrefixAt <= iCursor && iCursor <= iSuffixAt, qPrintable(QString::number(iCursor)));
+        QTest::keyClicks(edit.editor.widget, "0000000000000000000000000000000");
+        QVERIFY(pLine->rect().contains(labels[0]->geometry()) && pLine->rect().contains(labels[1]->geometry()));
+    }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 void CTypeTest::ForeignEditors()

@@ -74,7 +74,7 @@ fs::path Find(const std::string& in_strCommand)
     while (!strRest.empty())
     {
         const std::size_t uEnd = std::min(strRest.find(':'), strRest.size());
-        const fs::path file = fs::path(strRest.substr(0, uEnd)) / in_strCommand;
+        fs::path file = fs::path(strRest.substr(0, uEnd)) / in_strCommand;
         if (access(file.c_str(), X_OK) == 0 && fs::is_regular_file(file))
         {
             return file;

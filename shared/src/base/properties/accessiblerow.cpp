@@ -5,7 +5,7 @@
 /// The row with its value read, which may change the page.
 tItemPtr CAccessibleRow::Loaded() const
 {
-    const tItemPtr pItem = Item();
+    tItemPtr pItem = Item();
     pItem ? m_pArea->Load(*pItem) : void();
     return pItem;
 }

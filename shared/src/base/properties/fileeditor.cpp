@@ -5,6 +5,37 @@
 #include <QFileDialog>
 #include <QFileSystemModel>
 
+namespace
+{
+/// Where what is typed is, relative to the folder that the program runs in unless it is absolute.
+QString FolderOf(const QString& in_strTyped)
+{
+    return QDir::cleanPath(QDir::current().absoluteFilePath(QFileInfo(in_strTyped).path()));
+}
+
+/// Completes relative paths too, as such.
+class CPathCompleter final : public QCompleter
+{
+public:
+    using QCompleter::QCompleter;
+
+    QStringList splitPath(const QString& in_strTyped) const override
+    {
+        const QString strFolder = FolderOf(in_strTyped);
+        const QString strSeparator = strFolder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/");
+        return QCompleter::splitPath(strFolder + strSeparator + QFileInfo(in_strTyped).fileName());
+    }
+
+    QString pathFromIndex(const QModelIndex& in_index) const override
+    {
+        const QString strTyped = completionPrefix();
+        const QString strFolder = strTyped.left(strTyped.lastIndexOf(QLatin1Char('/')) + 1);
+        return QDir::isAbsolutePath(strTyped) ? QCompleter::pathFromIndex(in_index)
+                                              : strFolder + in_index.data().toString();
+    }
+};
+} // namespace
+
 CFileEditor::CFileEditor(const CPropertyType& in_type, const sPropertyFormat& in_format, QWidget* in_pParent)
     : CDialogEditor(in_type, in_format, in_pParent)
 {
@@ -16,7 +47,7 @@ void CFileEditor::Load(const QString& in_strText)
 {
     if (!m_pFiles)
     {
-        QCompleter* pCompleter = new QCompleter(this);
+        QCompleter* pCompleter = new CPathCompleter(this);
         m_pFiles = new QFileSystemModel(pCompleter);
         const bool bFolder = Format().editor == sPropertyFormat::eFolder;
         m_pFiles->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | (bFolder ? QDir::Dirs : QDir::Files));
@@ -24,8 +55,8 @@ void CFileEditor::Load(const QString& in_strText)
         setCompleter(pCompleter);
         connect(m_pFiles, &QFileSystemModel::directoryLoaded, this, &CFileEditor::Complete);
     }
-    const QString strFolder = QFileInfo(in_strText).path();
-    if (QDir::isAbsolutePath(in_strText) && QFileInfo(strFolder).isDir())
+    const QString strFolder = FolderOf(in_strText);
+    if (!in_strText.isEmpty() && QFileInfo(strFolder).isDir())
     {
         m_pFiles->setRootPath(strFolder);
     }

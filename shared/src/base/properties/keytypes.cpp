@@ -184,7 +184,11 @@ const CPropertyType& KeysType(bool in_bFlags)
 {
     static const CEnumType one;
     static const CFlagsType several;
-    return in_bFlags ? static_cast<const CPropertyType&>(several) : one;
+    if (in_bFlags)
+    {
+        return several;
+    }
+    return one;
 }
 
 const CPropertyType& EnumType(const QMetaEnum& in_keys)

@@ -1,18 +1,64 @@
 #include "numbereditor.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QStyle>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 CNumberEditor::CNumberEditor(const CPropertyType& in_type, const sPropertyFormat& in_format, QWidget* in_pParent)
     : QAbstractSpinBox(in_pParent),
       m_type(in_type),
-      m_format(in_format)
+      m_format(in_format),
+      m_pPrefix(Beside(in_format.prefix)),
+      m_pSuffix(Beside(in_format.suffix))
 {
     m_format.prefix.clear();
     m_format.suffix.clear();
     setFrame(false);
     setAccelerated(true);
+    if (m_pPrefix || m_pSuffix)
+    {
+        connect(lineEdit(), &QLineEdit::textChanged, this, &CNumberEditor::PlaceBeside);
+    }
+}
+
+QLabel* CNumberEditor::Beside(const QString& in_strText)
+{
+    QLabel* pLabel = in_strText.isEmpty() ? nullptr : new QLabel(in_strText, lineEdit());
+    if (pLabel)
+    {
+        pLabel->setTextFormat(Qt::PlainText);
+        pLabel->setForegroundRole(QPalette::PlaceholderText);
+        pLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    return pLabel;
+}
+
+void CNumberEditor::resizeEvent(QResizeEvent* in_pEvent)
+{
+    QAbstractSpinBox::resizeEvent(in_pEvent);
+    PlaceBeside();
+}
+
+/// The prefix stands at the edge, the suffix right after the text as long as there is room.
+void CNumberEditor::PlaceBeside()
+{
+    const QRect whole = lineEdit()->rect();
+    const int iGap = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this) + 1;
+    const int iBefore = m_pPrefix ? m_pPrefix->sizeHint().width() : 0;
+    const int iAfter = m_pSuffix ? m_pSuffix->sizeHint().width() : 0;
+    const int iEnd = iBefore + lineEdit()->fontMetrics().horizontalAdvance(text()) + 2 * iGap;
+    const auto place = [&](QLabel* in_pLabel, int in_iLeft, int in_iWidth) {
+        const QRect rect(in_iLeft, 0, in_iWidth, whole.height());
+        in_pLabel ? in_pLabel->setGeometry(QStyle::visualRect(layoutDirection(), whole, rect)) : void();
+    };
+    place(m_pPrefix, iGap, iBefore);
+    place(m_pSuffix, std::min(iEnd, whole.width() - iAfter), iAfter);
+    const bool bMirrored = isRightToLeft();
+    lineEdit()->setTextMargins(bMirrored ? iAfter : iBefore, 0, bMirrored ? iBefore : iAfter, 0);
 }
 
 QVariant CNumberEditor::Value() const

@@ -144,9 +144,12 @@ void CPropertyRows::SetAdapter(const CPropertyAdapter& in_adapter)
     m_pAdapter = std::make_shared<CPropertyAdapter>(in_adapter);
 }
 
-/// Saying something of a row may do anything, to the page too.
-void CPropertyRows::AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass)
+/// Adds them to the page or, when `in_parent` is one, to a group, which takes in what has no title. Saying something of
+/// a row may do anything, to the page too.
+void CPropertyRows::AddGroups(std::vector<sGroup> in_groups, const QMetaObject* in_pClass,
+                              const CPropertyGroup& in_parent)
 {
+    CPropertyGroup parent = in_parent;
     const QPointer<CPropertyRows> self(this);
     const std::vector<CPropertyRules> rules =
         m_pAdapter && in_pClass ? m_pAdapter->For(*in_pClass) : std::vector<CPropertyRules>();
@@ -156,7 +159,9 @@ void CPropertyRows::AddGroups(std::vector<PropertySource::sGroup> in_groups, con
     }
     for (const sGroup& group : in_groups)
     {
-        CPropertyGroup added = self ? AddGroup(group.title) : CPropertyGroup();
+        const bool bInParent = parent.m_pRows;
+        CPropertyGroup added = !bInParent && self ? AddGroup(group.title) : parent;
+        added = bInParent && !group.title.isEmpty() ? parent.AddGroup(group.title) : added;
         for (const tPropertyPtr& pProperty : group.properties)
         {
             const CPropertyRow row = added.AddProperty(pProperty);

@@ -46,7 +46,7 @@ private:
     QMap<QString, tChange> m_changes;
 };
 
-/// Adapts the properties of objects that one does not own to what users want to see, class by class:
+/// Adapts the properties of objects and gadgets that one does not own to what users want to see, class by class:
 ///
 /// \code
 /// CPropertyAdapter adapter;

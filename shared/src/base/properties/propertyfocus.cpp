@@ -79,7 +79,7 @@ QWidget* CPropertyArea::EditOpenly()
 {
     const QPointer<QWidget> pEditor = EditCurrent();
     const tItemPtr pItem = pEditor ? Current() : nullptr;
-    if (pItem && pItem->type->Work() == CPropertyType::eList)
+    if (pItem && pItem->type->PartType(m_iPart).Work() == CPropertyType::eList)
     {
         CPropertyType::OpenList(pEditor);
     }

@@ -107,7 +107,8 @@ void CPropertyArea::Press(const sHit& in_hit)
         m_pressed = in_hit.item; // works when it is released, as buttons do
         return;
     }
-    if (in_hit.zone == sHit::eValue && in_hit.item->type && in_hit.item->type->Work() == CPropertyType::eList)
+    if (in_hit.zone == sHit::eValue && in_hit.item->type &&
+        in_hit.item->type->PartType(in_hit.part).Work() == CPropertyType::eList)
     {
         PressList();
         return;
@@ -406,7 +407,7 @@ bool CPropertyArea::WorkKey(const QKeyEvent& in_event)
         ResetCurrent();
         return true; // whatever came of it: this may be gone
     }
-    const bool bTyped = pItem->type && pItem->type->Work() == CPropertyType::eTyped;
+    const bool bTyped = pItem->type && pItem->type->PartType(m_iPart).Work() == CPropertyType::eTyped;
     if (iKey == Qt::Key_Return || iKey == Qt::Key_Enter || (iKey == Qt::Key_Space && !bTyped))
     {
         Work(pItem);
@@ -448,7 +449,8 @@ QVariant CPropertyArea::inputMethodQuery(Qt::InputMethodQuery in_eQuery) const
     const tItemPtr pItem = Current();
     if (in_eQuery == Qt::ImEnabled)
     {
-        return pItem && pItem->type && pItem->type->Work() == CPropertyType::eTyped && pItem->IsWorked();
+        return pItem && pItem->type && pItem->type->PartType(m_iPart).Work() == CPropertyType::eTyped &&
+               pItem->IsWorked();
     }
     return in_eQuery == Qt::ImCursorRectangle && pItem ? QVariant(PartRect(*pItem, m_iPart))
                                                        : CQTInspectorView::inputMethodQuery(in_eQuery);

@@ -68,9 +68,9 @@ void CPropertyArea::CopyGroup(const tItemPtr& in_pItem)
 
 void CPropertyArea::CopyPage()
 {
-    const QPointer<CPropertyRows> pRows(&m_rows);
-    const QString strText = pRows->Text();
-    SetClipboard(strText, pRows ? pRows->Json() : QByteArray());
+    const QPointer<CPropertyArea> self(this);
+    const QString strText = m_rows.Text();
+    SetClipboard(strText, self ? m_rows.Json() : QByteArray());
 }
 
 void CPropertyArea::CopyPageAsJson()

@@ -17,21 +17,24 @@ CPropertyGroup CPropertyPage::AddGroup(const QString& in_strTitle)
 
 void CPropertyPage::AddObject(QObject* in_pObject)
 {
-    m_pRows->AddGroups(PropertySource::OfObject(in_pObject), in_pObject ? in_pObject->metaObject() : nullptr);
+    const QMetaObject* pClass = in_pObject ? in_pObject->metaObject() : nullptr;
+    m_pRows->AddGroups(PropertySource::OfObject(in_pObject), pClass, CPropertyGroup());
 }
 
 /// The rules that hold are those for the class that all objects have in common.
 void CPropertyPage::AddObjects(const QList<QObject*>& in_objects)
 {
-    const QMetaObject* pClass = in_objects.isEmpty() ? nullptr : in_objects.first()->metaObject();
+    const QMetaObject* pClass = nullptr;
     for (const QObject* pObject : in_objects)
     {
-        while (!pObject->metaObject()->inherits(pClass))
+        const QMetaObject* pOwn = pObject ? pObject->metaObject() : pClass;
+        pClass = pClass ? pClass : pOwn;
+        while (pClass && !pOwn->inherits(pClass))
         {
             pClass = pClass->superClass();
         }
     }
-    m_pRows->AddGroups(PropertySource::OfObjects(in_objects), pClass);
+    m_pRows->AddGroups(PropertySource::OfObjects(in_objects), pClass, CPropertyGroup());
 }
 
 void CPropertyPage::SetAdapter(const CPropertyAdapter& in_adapter)

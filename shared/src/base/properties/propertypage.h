@@ -193,11 +193,11 @@ public:
     void AddObject(QObject* in_pObject);
 
     /// The properties that the objects share, by name and type. A row whose objects differ says so; an edit writes to
-    /// all.
+    /// all. Null and what is there already count for nothing.
     void AddObjects(const QList<QObject*>& in_objects);
 
-    /// Lets the rules of an adapter, which is copied, say which properties of objects shown from now on are there,
-    /// where and how; of several objects those of the class that all have in common.
+    /// Lets the rules of an adapter, which is copied, say which properties of objects and gadgets added from now on are
+    /// there, where and how; of several objects those of the class that all have in common.
     void SetAdapter(const CPropertyAdapter& in_adapter);
 
     /// The first row of that name, to say more about it; one that is no row when there is none.

@@ -176,9 +176,9 @@ CPropertyRow CPropertyGroup::AddPropertyOf(QObject* in_pObject, const char* in_s
 
 void CPropertyGroup::AddGadget(const QMetaObject& in_meta, void* io_pGadget)
 {
-    for (const tPropertyPtr& pProperty : PropertySource::OfGadget(in_meta, io_pGadget))
+    if (m_pRows)
     {
-        AddProperty(pProperty);
+        m_pRows->AddGroups({{QString(), PropertySource::OfGadget(in_meta, io_pGadget)}}, &in_meta, *this);
     }
 }
 
@@ -205,7 +205,7 @@ CPropertyRow CPropertyGroup::AddWidget(const QString& in_strLabel, QWidget* in_p
 CPropertyRow CPropertyGroup::AddControl(const QString& in_strLabel, CInspectorDataElement* in_pElement,
                                         CInspectorDataWidget* in_pControl)
 {
-    const CPropertyRow row = AddWidget(in_strLabel, dynamic_cast<QWidget*>(in_pControl));
+    CPropertyRow row = AddWidget(in_strLabel, dynamic_cast<QWidget*>(in_pControl));
     if (const tItemPtr pItem = CPropertyRows::ItemOf(row))
     {
         pItem->control = in_pControl;

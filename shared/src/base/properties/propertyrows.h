@@ -39,7 +39,8 @@ public:
     tItemPtr Insert(const tItemPtr& in_pItem, const tItemPtr& in_pGroup);
     CPropertyGroup AddGroup(const QString& in_strTitle);
     void SetAdapter(const CPropertyAdapter& in_adapter);
-    void AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass);
+    void AddGroups(std::vector<PropertySource::sGroup> in_groups, const QMetaObject* in_pClass,
+                   const CPropertyGroup& in_parent);
     void Clear();
     void Refresh();
     void Run(const tItemPtr& in_pCommand);

@@ -328,6 +328,7 @@ std::vector<PropertySource::sGroup> PropertySource::OfObject(QObject* in_pObject
 std::vector<tPropertyPtr> PropertySource::OfGadget(const QMetaObject& in_meta, void* io_pGadget)
 {
     std::vector<tPropertyPtr> properties;
+    properties.reserve(static_cast<std::size_t>(in_meta.propertyCount()));
     for (int i = 0; i < in_meta.propertyCount(); ++i)
     {
         properties.push_back(std::make_shared<CGadgetProperty>(io_pGadget, in_meta.property(i)));

@@ -117,6 +117,20 @@ QJsonValue JsonOf(const CProperty& in_property, const QString& in_strText)
     return !bNamed && (json.isBool() || (json.isDouble() && bExact)) ? json : QJsonValue(in_strText);
 }
 
+/// Adds what is not there yet, in as far as it has a name.
+void Merge(const QJsonObject& in_more, const QString& in_strName, QJsonObject& io_object)
+{
+    QJsonObject within = in_strName.isEmpty() ? io_object : io_object.value(in_strName).toObject();
+    for (auto it = in_more.begin(); it != in_more.end(); ++it)
+    {
+        if (!within.contains(it.key()))
+        {
+            within.insert(it.key(), *it);
+        }
+    }
+    in_strName.isEmpty() ? void(io_object = within) : void(io_object.insert(in_strName, within));
+}
+
 /// The rows and groups that `in_pGroup` (null: the page) holds itself, from the place given on, which moves behind
 /// them.
 QJsonObject ObjectOf(const tItems& in_items, const sPropertyItem* in_pGroup, std::size_t& io_uPlace)
@@ -127,16 +141,7 @@ QJsonObject ObjectOf(const tItems& in_items, const sPropertyItem* in_pGroup, std
         const tItemPtr pItem = in_items[io_uPlace++];
         if (pItem->kind == sPropertyItem::eGroup)
         {
-            QJsonObject within = pItem->label.isEmpty() ? object : object.value(pItem->label).toObject();
-            const QJsonObject more = ObjectOf(in_items, pItem.get(), io_uPlace);
-            for (auto it = more.begin(); it != more.end(); ++it)
-            {
-                if (!within.contains(it.key()))
-                {
-                    within.insert(it.key(), *it);
-                }
-            }
-            pItem->label.isEmpty() ? void(object = within) : void(object.insert(pItem->label, within));
+            Merge(ObjectOf(in_items, pItem.get(), io_uPlace), pItem->label, object);
         }
         else if (pItem->property && !object.contains(pItem->property->Name()))
         {
@@ -195,6 +200,7 @@ std::vector<tPropertyPtr> Match(const tItems& in_items, const std::vector<sCopie
 {
     CTargets targets(in_items);
     std::vector<tPropertyPtr> matches;
+    matches.reserve(in_copied.size());
     for (const sCopied& copied : in_copied)
     {
         matches.push_back(targets.Take(copied, false));
@@ -325,7 +331,7 @@ bool CPropertyRows::Paste(const QString& in_strText)
         {
             refused << copied[u].name;
         }
-        else if (value != present || pProperty->IsMixed())
+        else if (!CPropertyStep::IsSame(value, present) || pProperty->IsMixed())
         {
             changes.emplace_back(pProperty, value);
         }

@@ -57,11 +57,7 @@ void CPropertyView::ShowObject(QObject* in_pObject)
     const QPointer<CPropertyView> self(this);
     const QPointer<QObject> pObject(in_pObject);
     m_pPage->Clear();
-    if (self)
-    {
-        Describe();
-        m_pPage->AddObject(pObject);
-    }
+    self ? m_pPage->AddObject(pObject) : void();
 }
 
 void CPropertyView::ShowObjects(const QList<QObject*>& in_objects)
@@ -78,11 +74,7 @@ void CPropertyView::ShowObjects(const QList<QObject*>& in_objects)
     {
         pObject ? alive << pObject : alive;
     }
-    if (self)
-    {
-        Describe();
-        m_pPage->AddObjects(alive);
-    }
+    self ? m_pPage->AddObjects(alive) : void();
 }
 
 void CPropertyView::SetItemEditorFactory(const QItemEditorFactory* in_pFactory)
