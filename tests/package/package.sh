@@ -1,5 +1,5 @@
 #!/bin/bash
-# package.sh install|cmake|pkgconfig|subproject|examples|symbols|readme
+# package.sh install|cmake|pkgconfig|mistakes|subproject|examples|symbols|readme
 # One step of testing the package, in the current directory. From the environment:
 # SOURCE, BUILD (folders of the project), QT, SUFFIX, VERSION (what was built), LIBRARY and PROPERTIES (the files of the
 # two libraries; Qt 4 has the first alone), CXX.
@@ -55,6 +55,20 @@ with_pkgconfig() {
     LD_LIBRARY_PATH=$(dirname "$folder")${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH} check_that_they_run pkgconfig
 }
 
+# A person understands what the compiler says of mistakes.
+mistakes() {
+    local errors message
+    PKG_CONFIG_PATH=$(dirname "$(find "$stage" -name "inspector$SUFFIX.pc")")${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}
+    export PKG_CONFIG_PATH
+    # shellcheck disable=SC2046
+    errors=$(! "$CXX" -std=c++17 -fsyntax-only "$here/consumer/mistakes.cpp" \
+        $(pkg-config --cflags "inspectorproperties$SUFFIX") 2>&1)
+    for message in "A property of this type has no editor." "This value ends with the statement." \
+        "The first function tells the value" "The second function takes the value"; do
+        grep -q "error: static.assert.*$message" <<<"$errors" || { echo "not told: $message"; return 1; }
+    done
+}
+
 # As a part of another project, and as a static library.
 as_subproject() {
     configure_and_build "$here/consumer" subproject \
@@ -101,7 +115,7 @@ readme() {
 }
 
 case $1 in
-install | examples | symbols | readme) "$1" ;;
+install | examples | mistakes | symbols | readme) "$1" ;;
 cmake | pkgconfig) "with_$1" ;;
 subproject) as_subproject ;;
 *) exit 2 ;;

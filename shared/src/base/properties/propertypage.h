@@ -108,8 +108,11 @@ public:
 
     /// A variable, edited in place; read-only when it is const. It must live as long as the page shows it.
     template <class T, class = std::enable_if_t<!std::is_invocable<T&>::value>>
-    CPropertyRow Add(const QString& in_strLabel, T& io_variable)
+    CPropertyRow Add(const QString& in_strLabel, T&& io_variable)
     {
+        static_assert(std::is_lvalue_reference<T>::value,
+                      "This value ends with the statement. Give a variable that lives as long as the page shows it, or "
+                      "a function that tells the value.");
         return AddProperty(PropertyDetail::OfVariable(in_strLabel, io_variable));
     }
 

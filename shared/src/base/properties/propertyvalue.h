@@ -116,7 +116,9 @@ template <class Get> tPropertyPtr OfFunction(const QString& in_strName, Get in_g
 
 template <class Get, class Set> tPropertyPtr OfFunctions(const QString& in_strName, Get in_get, Set in_set)
 {
+    static_assert(std::is_invocable<Get&>::value, "The first function tells the value: it takes nothing.");
     typedef tPlain<decltype(in_get())> T;
+    static_assert(std::is_invocable<Set&, T>::value, "The second function takes the value that the first one tells.");
     return Make<T>(
         in_strName, [in_get] { return sPropertyValue<T>::To(in_get()); },
         [in_set](const QVariant& in_value) { in_set(sPropertyValue<T>::From(in_value)); });
