@@ -36,6 +36,17 @@ struct CItems
     }
     void QueueForAll(const char* in_str) { controller->DirtifyController(new CFakeNotice(journal, in_str)); }
 
+    /// Notices for all and for each, with and without a record.
+    void QueueSome()
+    {
+        QueueForAll("0");
+        Queue(0, nullptr);
+        Queue(1, "2");
+        Queue(1, nullptr);
+        Queue(1, "3");
+        Queue(2, "4");
+    }
+
     sJournal journal;
     std::unique_ptr<CFakeView> view{new CFakeView(journal)};
     std::unique_ptr<CFakeController> controller{new CFakeController(journal)};
@@ -105,12 +116,7 @@ TEST(Controller, CallbacksThatChangeThePage)
     {
         SCOPED_TRACE(row[0] + " on " + row[1]);
         CItems page;
-        page.QueueForAll("0");
-        page.Queue(0, nullptr);
-        page.Queue(1, "2");
-        page.Queue(1, nullptr);
-        page.Queue(1, "3");
-        page.Queue(2, "4");
+        page.QueueSome();
         const tAction action = [&page, &row] {
             page.journal.Take();
             g_actions.at(row[0])(page);

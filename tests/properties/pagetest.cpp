@@ -29,11 +29,16 @@ private slots:
     void Worked();
     void Deaths_data();
     void Deaths();
+
+private:
+    static std::vector<sKeys> MovingAndTyping();
+    static std::vector<sKeys> WorkingAndTab();
+    static std::vector<sKeys> Mouse();
 };
 
-void PageTest::Worked_data()
+std::vector<sKeys> PageTest::MovingAndTyping()
 {
-    const sKeys cases[] = {
+    return {
         {"arrows", "TTT", "Down Down Up Down Down", "@2"},
         {"arrows stop at the ends", "TT", "Up Up Up", "@0"},
         {"Home and End", "TTT", "End Home End", "@2"},
@@ -66,7 +71,12 @@ void PageTest::Worked_data()
         {"copy, paste into a number", "NN", "Down 4 2 Return ctrl+c Down ctrl+v", "0=42 1=42 @1"},
         {"paste of no number", "TN", "Down ctrl+c Down ctrl+v", "@1"},
         {"paste into a box and a choice", "BBEE", "Down Space ctrl+c Down ctrl+v", "0=true 1=true @1"},
+    };
+}
 
+std::vector<sKeys> PageTest::WorkingAndTab()
+{
+    return {
         {"Up and Down work a number at once", "N", "Down Return Up Up Down", "0=6 0=7 0=6 @0[6]", eSent},
         {"Escape takes back", "N", "Down Return Up Escape", "0=6 0=5 @0", eSent},
         {"refused", "Z", "Down 9 Return Return", "0=9 @0[7]"},
@@ -97,7 +107,12 @@ void PageTest::Worked_data()
         {"Tab from a row", "TT", "Down Tab", "@1[v]"},
         {"Tab out and in", "TT", "End Tab shift+Tab", "@1"},
         {"Tab onto a row out of sight", "TTTTTTTTTTTTTTTTTTTTTTTTT", "End Home Return shift+Tab", "@0 before"},
+    };
+}
 
+std::vector<sKeys> PageTest::Mouse()
+{
+    return {
         {"click edits", "TT", "click1 x Return", "1=x @1"},
         {"click elsewhere takes over", "TT", "click0 x click1", "0=x @1[v]"},
         {"click on a label takes over", "TT", "click0 x label1", "0=x @1"},
@@ -116,14 +131,21 @@ void PageTest::Worked_data()
         {"the wheel works an open editor", "N", "click0 wheel0+1", "0=6 @0[6]"},
         {"the wheel works nothing else", "NN", "label0 wheel0+1 click0 wheel1+1", "@0[5]"},
     };
+}
+
+void PageTest::Worked_data()
+{
     QTest::addColumn<QString>("rows");
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("state");
-    for (const sKeys& keys : cases)
+    for (const std::vector<sKeys>& cases : {MovingAndTyping(), WorkingAndTab(), Mouse()})
     {
-        if (keys.m_ePlatforms == eAll || !CViewDriver::IsReal())
+        for (const sKeys& keys : cases)
         {
-            QTest::newRow(keys.m_strName) << keys.m_strRows << keys.m_strScript << keys.m_strState;
+            if (keys.m_ePlatforms == eAll || !CViewDriver::IsReal())
+            {
+                QTest::newRow(keys.m_strName) << keys.m_strRows << keys.m_strScript << keys.m_strState;
+            }
         }
     }
 }

@@ -73,6 +73,22 @@ struct sEdit
     sPropertyEditor editor;
     QSignalSpy changes;
 };
+
+void AddTypedColumns()
+{
+    QTest::addColumn<QVariant>("present");
+    QTest::addColumn<QVariant>("minimum");
+    QTest::addColumn<QVariant>("maximum");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("text"); // of the value; null for none
+}
+
+void Row(const char* in_strName, const QVariant& in_present, const char* in_strTyped, const char* in_strText,
+         const QVariant& in_minimum = QVariant(), const QVariant& in_maximum = QVariant())
+{
+    QTest::newRow(in_strName) << in_present << in_minimum << in_maximum << QString::fromUtf8(in_strTyped)
+                              << QString::fromUtf8(in_strText);
+}
 } // namespace
 
 class CTypeTest : public QObject
@@ -82,8 +98,12 @@ class CTypeTest : public QObject
 private slots:
     void initTestCase();
     void cleanup();
+    void Numbers_data();
+    void Numbers() { Texts(); }
     void Texts_data();
     void Texts();
+    void Expressions_data();
+    void Expressions() { Typed(); }
     void Typed_data();
     void Typed();
     void LocalesPoint();
@@ -115,13 +135,11 @@ void CTypeTest::cleanup()
     QLocale::setDefault(QLocale::c());
 }
 
-void CTypeTest::Texts_data()
+void CTypeTest::Numbers_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QString>("text");
     const double infinity = std::numeric_limits<double>::infinity();
-    const QChar separator(QChar::LineSeparator);
-    const QTimeZone zone("Europe/Berlin");
 
     QTest::newRow("bool") << QVariant(true) << "true";
     QTest::newRow("char") << Lowest<char>() << QString::number(std::numeric_limits<char>::lowest());
@@ -148,6 +166,14 @@ void CTypeTest::Texts_data()
     QTest::newRow("double, -inf") << QVariant(-infinity) << "-inf";
     QTest::newRow("float") << QVariant(0.1F) << "0.1";
     QTest::newRow("float, lowest") << Lowest<float>() << QString();
+}
+
+void CTypeTest::Texts_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("text");
+    const QChar separator(QChar::LineSeparator);
+    const QTimeZone zone("Europe/Berlin");
 
     QTest::newRow("text, all scripts") << QVariant("\"a\\ пример 例 مثال 😀\u00a0") << QString();
     QTest::newRow("text, lines") << QVariant("a\n\n b\t") << "a\n\n b\t";
@@ -217,23 +243,12 @@ void CTypeTest::Texts()
     }
 }
 
-void CTypeTest::Typed_data()
+void CTypeTest::Expressions_data()
 {
-    QTest::addColumn<QVariant>("present");
-    QTest::addColumn<QVariant>("minimum");
-    QTest::addColumn<QVariant>("maximum");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("text"); // of the value; null for none
-    const QVariant none;
+    AddTypedColumns();
     const QVariant real(0.0);
     const QVariant whole(0);
     const QVariant large(qlonglong(0));
-    const auto Row = [](const char* in_strName, const QVariant& in_present, const char* in_strTyped,
-                        const char* in_strText, const QVariant& in_minimum = QVariant(),
-                        const QVariant& in_maximum = QVariant()) {
-        QTest::newRow(in_strName) << in_present << in_minimum << in_maximum << QString::fromUtf8(in_strTyped)
-                                  << QString::fromUtf8(in_strText);
-    };
     Row("product before sum", whole, "2*3+1", "7");
     Row("parentheses", whole, " ( 2 + 3 ) * -( 4 - 6 ) ", "10");
     Row("signs", whole, "--3-+-4", "7");
@@ -261,12 +276,18 @@ void CTypeTest::Typed_data()
     Row("word", whole, "one", nullptr);
     Row("no number", whole, "nan", nullptr);
     Row("too deep", whole, QByteArray(100000, '(').constData(), nullptr);
-    Row("at most", whole, "50+60", "100", 0, 100);
+}
+
+void CTypeTest::Typed_data()
+{
+    AddTypedColumns();
+    const QVariant none;
+    Row("at most", 0, "50+60", "100", 0, 100);
     Row("at most, beyond the type", QVariant(short(0)), "100000", "100", 0, 100);
-    Row("at least", real, "-3", "-1.5", -1.5, none);
+    Row("at least", 0.0, "-3", "-1.5", -1.5, none);
     Row("limits of 64 bits", QVariant(qulonglong(0)), "18446744073709551615", "18446744073709551614", none,
         QVariant(Q_UINT64_C(18446744073709551614)));
-    Row("not between limits", real, "nan", nullptr, 0, 1);
+    Row("not between limits", 0.0, "nan", nullptr, 0, 1);
     Row("true", QVariant(false), " TRUE", "true");
     Row("0", QVariant(true), "0", "false");
     Row("maybe", QVariant(true), "maybe", nullptr);
