@@ -122,7 +122,7 @@ inline void ClickThroughWindow(QWidget* in_pWidget, Qt::MouseButton in_eButton, 
     pHit = pHit ? pHit : in_pWidget;
     const QPoint global = in_pWidget->mapToGlobal(in_position);
     const QPoint position = pHit->mapFromGlobal(global);
-    const QPointer<QWidget> pAlive = pHit;
+    const QPointer<QWidget> pAlive(pHit);
     if (in_eAction == QTest::MousePress || in_eAction == QTest::MouseClick)
     {
         QMouseEvent press(QEvent::MouseButtonPress, position, global, in_eButton, in_eButton, {});

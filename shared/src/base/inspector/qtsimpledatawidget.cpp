@@ -415,7 +415,8 @@ bool CQTSimpleTextWidget::focusNextPrevChild(bool in_bNext)
         return true;
     }
     m_bLeaving = true;
-    const bool bMoved = QWidget::focusNextPrevChild(in_bNext); // QTextEdit would leave Shift+Tab to its parents
+    // QTextEdit would leave Shift+Tab to its parents.
+    const bool bMoved = QWidget::focusNextPrevChild(in_bNext); // NOLINT(bugprone-parent-virtual-call)
     if (self)
     {
         m_bLeaving = false;
