@@ -188,13 +188,8 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
     {
         EndWith(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
     }
-    const bool bHandled = QLineEdit::event(in_pEvent);
-    if (eType == QEvent::FocusIn && m_bEditing && !isModified() &&
-        (m_pKeeper->IsAwaited() || static_cast<QFocusEvent*>(in_pEvent)->reason() == Qt::ActiveWindowFocusReason))
-    {
-        selectAll(); // a line edit whose window is activated before it has the focus drops its selection
-    }
-    return bHandled;
+    // A line edit that has not the focus yet when its window is activated drops its selection some time later.
+    return eType == QEvent::WindowActivate ? QWidget::event(in_pEvent) : QLineEdit::event(in_pEvent);
 }
 
 /// Keeps a key that ends editing from the application's shortcuts.

@@ -8,9 +8,9 @@
 namespace
 {
 const int g_iLookInterval = 20; ///< in milliseconds
-const int g_iPatience = 500;    ///< in milliseconds; a window manager may refuse to activate an editor
 const QEvent::Type g_eReplay = static_cast<QEvent::Type>(QEvent::User + 1);
-const int g_iActivations = 25; ///< somebody else who wants the activation keeps it after half a second
+const int g_iLooks = 25;       ///< somebody else who wants the activation keeps it after half a second
+const int g_iPatientLooks = 5; ///< a window manager has a tenth of a second to activate the editor by itself
 
 /// To a widget and on to what is around it, until somebody takes it.
 void PassWheel(QPointer<QWidget> in_pWidget, QEvent* in_pWheel)
@@ -136,7 +136,7 @@ void CInPlaceKeeper::Open(QWidget* in_pOver, const QRect& in_geometry, Qt::Windo
     InspectorAccessible::NameEditor(m_pEditor, in_pOver);
     m_eKind == eLine ? TakeLook(m_pEditor, in_pOver) : void(); // a list has it since before its rows were measured
     IsInside() ? OpenInside() : OpenWindow(in_flags);
-    m_iActivations = g_iActivations;
+    m_iLooks = g_iLooks;
     m_look.start(g_iLookInterval, this);
 }
 
@@ -175,7 +175,10 @@ void CInPlaceKeeper::OpenWindow(Qt::WindowFlags in_flags)
     }
     m_pEditor->setGeometry(m_geometry); // once more, in the scale of its screen
     m_pEditor->show();
-    InspectorQt::Activate(m_pEditor);
+    if (m_eKind == eDropDown || !InspectorQt::IsXcb()) // there it is too early; see IsMissing
+    {
+        InspectorQt::Activate(m_pEditor);
+    }
 }
 
 /// With it would die the editor, whose children's parent it is.
@@ -185,8 +188,7 @@ void CInPlaceKeeper::OnOverDies()
     m_drop();
 }
 
-/// A window manager that is late may activate nothing at all when one window has gone and come again. On Qt 4, which
-/// does not tell, this activates the editor until it has got there, and looks for where its row is.
+/// On Qt 4, which does not tell, this looks for where the row is as well.
 void CInPlaceKeeper::timerEvent(QTimerEvent* in_pEvent)
 {
     if (in_pEvent->timerId() == m_patience.timerId())
@@ -194,9 +196,7 @@ void CInPlaceKeeper::timerEvent(QTimerEvent* in_pEvent)
         FlushKeys();
         return;
     }
-    const QWidget* pActive = QApplication::activeWindow();
-    const bool bMissing = InspectorQt::HearsLate() ? pActive != m_pEditor : m_bAwaited && !pActive;
-    if (m_iActivations-- > 0 && bMissing)
+    if (m_iLooks-- > 0 && IsMissing())
     {
         InspectorQt::Activate(m_pEditor);
     }
@@ -204,10 +204,23 @@ void CInPlaceKeeper::timerEvent(QTimerEvent* in_pEvent)
     {
         RequestCheck();
     }
-    else if (m_iActivations == 0 || !m_bAwaited)
+    else if (m_iLooks == 0 || !m_bAwaited)
     {
         m_look.stop();
     }
+}
+
+/// Whether the editor should be the active window and is not. A window manager activates it by itself; one that is late
+/// may activate nothing at all when one window has gone and come again.
+bool CInPlaceKeeper::IsMissing() const
+{
+    const QWidget* pActive = QApplication::activeWindow();
+    if (InspectorQt::HearsLate())
+    {
+        return pActive != m_pEditor;
+    }
+    return m_bAwaited && (!pActive || pActive == m_pOwner) && m_iLooks < g_iLooks - g_iPatientLooks &&
+           InspectorQt::IsOnScreen(m_pEditor);
 }
 
 void CInPlaceKeeper::Close()
@@ -238,6 +251,18 @@ void CInPlaceKeeper::Close()
     if (bWasActive && pOwner && !pOwner->isMinimized()) // which would bring it back
     {
         InspectorQt::Activate(pOwner);
+        ClaimOwnerActive(pOwner);
+    }
+}
+
+/// Where a window belongs to another, Qt asks the X server for that other one, and is told nothing if it has the focus
+/// already. Asked once more, of a window that none belongs to, Qt asks the window manager and takes it for active.
+void CInPlaceKeeper::ClaimOwnerActive(QWidget* in_pOwner)
+{
+    if (m_eKind == eLine && InspectorQt::IsXcb() && m_pEditor->testAttribute(Qt::WA_WState_Created))
+    {
+        InspectorQt::SetTransientOwner(m_pEditor, nullptr);
+        InspectorQt::Activate(in_pOwner);
     }
 }
 
@@ -306,58 +331,6 @@ bool CInPlaceKeeper::WatchOver(QObject* in_pWatched, QEvent* in_pEvent)
     default:
         return false;
     }
-}
-
-bool CInPlaceKeeper::KeepsKeysWaiting() const
-{
-    return m_iReports > 0 || (m_bAwaited && !m_bOverdue);
-}
-
-/// An editor that is to be activated is about to get the keys: those that still reach the window that it belongs to
-/// were typed for it. They wait until it is active, because one that ended before would be told of its activation
-/// later, over another row.
-bool CInPlaceKeeper::TakeKey(QObject* in_pWatched, QEvent* in_pEvent)
-{
-    const bool bComposed = in_pEvent->type() == QEvent::InputMethod;
-    if ((!m_bAwaited && m_iReports == 0) || !m_pKeysOf || m_iDeliveries > 0 ||
-        !(bComposed ? in_pWatched->isWidgetType()
-                    : in_pEvent->spontaneous() && InspectorQt::GetsKeysFirst(in_pWatched)))
-    {
-        return false;
-    }
-    QWidget* pWindow = InspectorQt::WindowWidget(in_pWatched);
-    const bool bThereAlready = bComposed && in_pWatched == m_pEditor && m_keys.IsEmpty();
-    if (!pWindow || bThereAlready || (pWindow->window() != m_pKeysOf && pWindow != m_pEditor))
-    {
-        return false;
-    }
-    in_pEvent->accept();
-    if (in_pEvent->type() != QEvent::ShortcutOverride)
-    {
-        m_keys.Hold(*in_pEvent);
-        KeepsKeysWaiting() ? m_patience.start(g_iPatience, this) : DeliverKeys();
-    }
-    return true;
-}
-
-/// A key may end the edit, and the next one has to be waited for again. Without a next one the keys are the owner's.
-void CInPlaceKeeper::DeliverKeys()
-{
-    const CBusy busy(this);
-    ++m_iDeliveries;
-    while (!m_keys.IsEmpty() && !KeepsKeysWaiting())
-    {
-        QWidget* pFocused = m_pKeysOf && m_pKeysOf->focusWidget() ? m_pKeysOf->focusWidget() : m_pKeysOf.data();
-        m_keys.DeliverOne(m_pOver ? m_pEditor : pFocused);
-    }
-    --m_iDeliveries;
-}
-
-void CInPlaceKeeper::FlushKeys()
-{
-    m_patience.stop();
-    m_bOverdue = true;
-    DeliverKeys();
 }
 
 /// The check waits for the event loop: a layout moves a widget more than once before it is where it stays, and an edit

@@ -59,7 +59,6 @@ public:
         CInPlaceKeeper* m_pKeeper;
     };
 
-    /// \param in_drop ends an edit that a report has begun: without a report, unless something was typed
     /// Held on the stack while the end of an edit is reported: keys wait for what the report opens.
     class CReport
     {
@@ -72,6 +71,7 @@ public:
         CInPlaceKeeper* m_pKeeper;
     };
 
+    /// \param in_drop ends an edit that a report has begun: without a report, unless something was typed
     CInPlaceKeeper(QWidget* in_pEditor, eKind in_eKind, const std::function<void()>& in_drop);
     ~CInPlaceKeeper() override;
 
@@ -122,6 +122,8 @@ private:
     bool IsInside() const;
     void OpenInside();
     void OpenWindow(Qt::WindowFlags in_flags);
+    bool IsMissing() const;
+    void ClaimOwnerActive(QWidget* in_pOwner);
     bool IsOnEditor(QObject* in_pWatched, QEvent* in_pEvent) const;
     bool KeepsKeysWaiting() const;
     bool TakeKey(QObject* in_pWatched, QEvent* in_pEvent);
@@ -157,8 +159,8 @@ private:
     bool m_bInSight = false;
     bool m_bPlacedAgain = false; ///< put back to m_geometry once already; a window manager may insist
     bool m_bCheckPosted = false;
-    QBasicTimer m_look;     ///< runs while the editor is open, where Qt does not tell
-    int m_iActivations = 0; ///< how often the editor may still be activated
+    QBasicTimer m_look; ///< runs until the editor is active; where Qt does not tell, while it is open
+    int m_iLooks = 0;   ///< how often the editor may still be activated
     int m_iBusy = 0;
     bool m_bRetired = false;
 };

@@ -68,6 +68,27 @@ inline bool IsWayland()
 #endif
 }
 
+/// Whether Qt has an X server to ask, and not itself to wait until a window is on the screen. One that it is asked to
+/// activate before counts as active when it gets there, though it may be closed by then.
+inline bool IsXcb()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+#else
+    return false;
+#endif
+}
+
+/// Whether a window that was shown has got there.
+inline bool IsOnScreen(const QWidget* in_pWindow)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return in_pWindow->windowHandle() && in_pWindow->windowHandle()->isExposed();
+#else
+    return in_pWindow->testAttribute(Qt::WA_Mapped);
+#endif
+}
+
 /// Activates a window. On Wayland that is not for a client to ask for: Qt 5 warns, and a pop-up gets the keys anyway.
 inline void Activate(QWidget* in_pWindow)
 {
