@@ -57,6 +57,7 @@ private Q_SLOTS:
     void OnWorked();
 
 private:
+    void TakeLook(const QWidget& in_area);
     void SelectAll();
     void Close();
     void WriteValue(const QVariant& in_value);

@@ -104,6 +104,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* in_pEvent) override;
+    void changeEvent(QEvent* in_pEvent) override;
     void keyPressEvent(QKeyEvent* in_pEvent) override;
 
 private:
