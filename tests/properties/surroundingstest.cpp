@@ -151,7 +151,7 @@ private Q_SLOTS:
         sDialog page;
         QVERIFY(page.Open());
         const int iHeight = page.view->ValueRect(page.text).height();
-        page.dialog.setStyleSheet("CPropertyView { font-size: 40px; color: #f00; background: #0f0 }");
+        page.dialog.setStyleSheet("CPropertyView, CPropertyView * { font-size: 40px; color: #f00; background: #0f0 }");
         QTRY_VERIFY(page.view->ValueRect(page.text).height() >= iHeight + 20);
         page.view->SetCurrentRow(CPropertyRow());
         const QImage image = page.view->grab(page.view->ValueRect(page.text)).toImage();

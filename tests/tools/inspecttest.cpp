@@ -239,7 +239,6 @@ private slots:
         const QImage image = program.Inspector().grab().toImage();
         const QRgb inProgram = program.m_window.grab().toImage().pixel(199, 60);
         qApp->setStyleSheet(QString());
-        image.save(QStringLiteral("/tmp/sheet.png")); // DBG
         QCOMPARE(inProgram, qRgb(0xff, 1, 2));
         QVERIFY(!Pixels(image).contains(inProgram));
     }

@@ -51,7 +51,6 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
     }
     m_pEditor = editor.widget;
     m_editorValue = editor.value;
-    TakeLook(in_area);
     ShowValue(in_pItem->value);
     if (editor.live)
     {
@@ -63,16 +62,6 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
     m_pEditor->setAccessibleDescription(in_pItem->Tip());
     qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* in_pNow) { OnFocusChanged(in_pNow); });
-}
-
-/// Qt does not hand on to children what a style sheet says of the page.
-void CPropertyEdit::TakeLook(const QWidget& in_area)
-{
-    if (in_area.testAttribute(Qt::WA_StyleSheet))
-    {
-        m_pEditor->setFont(in_area.font());
-        m_pEditor->setPalette(in_area.palette());
-    }
 }
 
 void CPropertyEdit::Open()

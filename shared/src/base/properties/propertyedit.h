@@ -57,7 +57,6 @@ private Q_SLOTS:
     void OnWorked();
 
 private:
-    void TakeLook(const QWidget& in_area);
     void SelectAll();
     void Close();
     void WriteValue(const QVariant& in_value);

@@ -155,18 +155,6 @@ bool CPropertyView::event(QEvent* in_pEvent)
 }
 
 /// What neither the page nor the filter's line has a use for.
-/// Qt does not hand on to children what a style sheet says of this class.
-void CPropertyView::changeEvent(QEvent* in_pEvent)
-{
-    QWidget::changeEvent(in_pEvent);
-    for (QWidget* pChild :
-         {static_cast<QWidget*>(m_pArea), static_cast<QWidget*>(m_pFilterLine), static_cast<QWidget*>(m_pDescription)})
-    {
-        in_pEvent->type() == QEvent::FontChange ? pChild->setFont(font()) : void();
-        in_pEvent->type() == QEvent::PaletteChange ? pChild->setPalette(palette()) : void();
-    }
-}
-
 void CPropertyView::keyPressEvent(QKeyEvent* in_pEvent)
 {
     const bool bInLine = m_pFilterLine->hasFocus();
