@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <ctime>
 #include <iterator>
+#include <thread>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -12,6 +13,9 @@
 
 namespace
 {
+/// Threads that Qt painted with go to sleep meanwhile: what they still do is no part of the next step.
+const std::chrono::milliseconds g_rest(1);
+
 struct sSubject
 {
     const char* strName;
@@ -89,6 +93,7 @@ double RunSteps(CStage& in_stage, const sCase& in_case)
     {
         (in_stage.*in_case.pPrepare)();
         CStage::Settle();
+        std::this_thread::sleep_for(g_rest);
         const double start = Microseconds();
         (in_stage.*in_case.pStep)();
         CStage::Settle();
