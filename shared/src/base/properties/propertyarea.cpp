@@ -80,6 +80,7 @@ void CPropertyArea::Measure()
     m_iIndent = fontMetrics().height() * 3 / 4;
     m_pScrollBar->setSingleStep(m_iRowHeight);
     const QColor text = palette().color(QPalette::Text);
+    m_boxes.clear();
     m_gridColour = QColor(text.red(), text.green(), text.blue(), 40);
 }
 

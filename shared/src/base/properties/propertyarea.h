@@ -10,13 +10,16 @@
 #include "propertystate.h"
 #include "qtinspectorview.h"
 
+#include <QHash>
 #include <QPalette>
+#include <QPixmap>
 
 class CItemEditors;
 class CPropertyControls;
 class CPropertyEdit;
 class QItemEditorFactory;
 class QMenu;
+class QStyleOptionButton;
 
 class CPropertyArea : public CQTInspectorView, public IPropertyPageClient
 {
@@ -208,10 +211,12 @@ private:
     void PaintItem(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed);
     void PaintGrid(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintCurrent(QPainter& in_painter, const sPropertyItem& in_item);
-    void PaintTitle(QPainter& in_painter, const sPropertyItem& in_item);
+    void PaintTitle(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed);
+    void PaintArrow(QPainter& in_painter, const QRect& in_rect, bool in_bExpanded, const QColor& in_colour);
     void PaintValue(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintPart(QPainter& in_painter, const sPropertyItem& in_item, int in_iPart, bool in_bNamed);
     void PaintBox(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_rect);
+    const QPixmap& Box(QStyleOptionButton& io_option);
     void PaintCommand(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintReset(QPainter& in_painter, const sPropertyItem& in_item);
     QFont LabelFont(const sPropertyItem& in_item) const;
@@ -278,6 +283,7 @@ private:
     std::weak_ptr<sPropertyItem> m_pressed; ///< the command that the mouse holds down
     QPointer<QMenu> m_pMenu;                ///< while it is open
     CLineTexts m_texts;
+    QHash<int, QPixmap> m_boxes; ///< as the style draws them, by their state
     QColor m_gridColour;
     std::weak_ptr<sPropertyItem> m_current;
     int m_iPart = 0;

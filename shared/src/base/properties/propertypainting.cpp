@@ -85,7 +85,7 @@ void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item
 {
     if (in_item.kind == sPropertyItem::eGroup)
     {
-        PaintTitle(in_painter, in_item);
+        PaintTitle(in_painter, in_item, in_exposed);
         return;
     }
     const bool bCurrent = m_current.lock().get() == &in_item;
@@ -161,30 +161,38 @@ void CPropertyArea::UpdateCurrent()
     }
 }
 
-void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_item)
+void CPropertyArea::PaintTitle(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed)
 {
-    const QRect row = RowRect(in_item);
     const bool bCurrent = m_current.lock().get() == &in_item;
     const QPalette::ColorGroup eColours = IsActive() ? QPalette::Active : QPalette::Inactive;
-    in_painter.fillRect(row, palette().color(eColours, bCurrent ? QPalette::Highlight : QPalette::Button));
+    const QColor text = TextColour(bCurrent ? QPalette::HighlightedText : QPalette::ButtonText);
     const QRect title = LabelRect(in_item);
-    QStyleOption arrow;
-    arrow.initFrom(this);
-    const bool bRightToLeft = layoutDirection() == Qt::RightToLeft;
-    arrow.rect =
+    const QRect arrow =
         QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, QSize(m_iIndent, m_iIndent), title);
-    arrow.palette.setColor(QPalette::ButtonText,
-                           TextColour(bCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
-    const QStyle::PrimitiveElement eFolded =
-        bRightToLeft ? QStyle::PE_IndicatorArrowLeft : QStyle::PE_IndicatorArrowRight;
-    style()->drawPrimitive(in_item.IsExpanded() ? QStyle::PE_IndicatorArrowDown : eFolded, &arrow, &in_painter, this);
+    in_painter.fillRect(RowRect(in_item), palette().color(eColours, bCurrent ? QPalette::Highlight : QPalette::Button));
+    if (in_exposed.intersects(arrow))
+    {
+        PaintArrow(in_painter, arrow, in_item.IsExpanded(), text);
+    }
     const int iArrow = m_iIndent + g_iPadding;
+    const bool bRightToLeft = layoutDirection() == Qt::RightToLeft;
     QFont bold = font();
     bold.setBold(true);
     in_painter.setFont(bold);
     PaintText(in_painter, title.adjusted(bRightToLeft ? 0 : iArrow, 0, bRightToLeft ? -iArrow : 0, 0), in_item.label,
-              TextColour(bCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
+              text);
     in_painter.setFont(font());
+}
+
+void CPropertyArea::PaintArrow(QPainter& in_painter, const QRect& in_rect, bool in_bExpanded, const QColor& in_colour)
+{
+    QStyleOption option;
+    option.initFrom(this);
+    option.rect = in_rect;
+    option.palette.setColor(QPalette::ButtonText, in_colour);
+    const QStyle::PrimitiveElement eFolded =
+        layoutDirection() == Qt::RightToLeft ? QStyle::PE_IndicatorArrowLeft : QStyle::PE_IndicatorArrowRight;
+    style()->drawPrimitive(in_bExpanded ? QStyle::PE_IndicatorArrowDown : eFolded, &option, &in_painter, this);
 }
 
 void CPropertyArea::PaintValue(QPainter& in_painter, const sPropertyItem& in_item)
@@ -257,14 +265,31 @@ void CPropertyArea::PaintBox(QPainter& in_painter, const sPropertyItem& in_item,
 {
     QStyleOptionButton option;
     option.initFrom(this);
-    const QSize size(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
-                     style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this));
-    option.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size, in_rect);
     option.state &= ~QStyle::State_HasFocus;
     option.state.setFlag(QStyle::State_Enabled, isEnabled() && !in_item.property->IsReadOnly());
     const QStyle::StateFlag eState = in_item.value.toBool() ? QStyle::State_On : QStyle::State_Off;
     option.state |= in_item.mixed ? QStyle::State_NoChange : eState;
-    style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &in_painter, this);
+    const QPixmap& box = Box(option);
+    const QSize size = box.size() / box.devicePixelRatio();
+    in_painter.drawPixmap(
+        QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size, in_rect).topLeft(), box);
+}
+
+/// A box drawn by the style, which takes its time, is kept until the look is another.
+const QPixmap& CPropertyArea::Box(QStyleOptionButton& io_option)
+{
+    QPixmap& box = m_boxes[int(io_option.state)];
+    if (box.isNull() || box.devicePixelRatio() != devicePixelRatioF())
+    {
+        io_option.rect = QRect(0, 0, style()->pixelMetric(QStyle::PM_IndicatorWidth, &io_option, this),
+                               style()->pixelMetric(QStyle::PM_IndicatorHeight, &io_option, this));
+        box = QPixmap(io_option.rect.size() * devicePixelRatioF());
+        box.setDevicePixelRatio(devicePixelRatioF());
+        box.fill(Qt::transparent);
+        QPainter painter(&box);
+        style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &io_option, &painter, this);
+    }
+    return box;
 }
 
 void CPropertyArea::PaintCommand(QPainter& in_painter, const sPropertyItem& in_item)
