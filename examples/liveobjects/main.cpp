@@ -15,7 +15,9 @@ int main(int argc, char** argv)
     const QStringList arguments = application.arguments();
     if (arguments.size() == 1)
     {
+        QApplication::setOrganizationName(QLatin1String("Inspector"));
         CMainWindow window;
+        window.KeepState();
         window.show();
         return application.exec();
     }

@@ -38,6 +38,13 @@ CMainWindow::CMainWindow()
     resize(780, 720);
 }
 
+void CMainWindow::KeepState()
+{
+#ifdef WITH_PROPERTIES
+    findChild<CPropertyTab*>()->KeepState();
+#endif
+}
+
 void CMainWindow::CreateMenu()
 {
     QMenu* pObject = menuBar()->addMenu(QLatin1String("&Object"));

@@ -24,6 +24,9 @@ public:
     QTabWidget* GetTabs() const { return m_pTabs; }
     CObjectInspector& GetInspector() { return m_inspector; }
 
+    /// Goes on as the user left it in the last run.
+    void KeepState();
+
 private slots:
     void OnPreview(bool in_bPreview);
     void OnShowContent(bool in_bShow);

@@ -2,19 +2,40 @@
 
 #include "stage.h"
 
+#include <QActionGroup>
+#include <QApplication>
+#include <QClipboard>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QSettings>
+#include <QStatusBar>
 #include <QUndoStack>
 #include <QUndoView>
+
+namespace
+{
+const QString g_strStateKey = QStringLiteral("propertyPage");
+} // namespace
 
 CPropertyTab::CPropertyTab(CStage& in_stage, QMainWindow& in_window)
 {
     connect(&in_stage, &CStage::Selected, this, [this, &in_stage] { ShowObjects(in_stage.GetSelection()); });
     connect(this, &CPropertyView::LinkActivated, this, &CPropertyView::ShowObject);
+    connect(&Page(), &CPropertyPage::PasteRefused, this, [&in_window](const QStringList& in_names) {
+        in_window.statusBar()->showMessage(tr("Not pasted: %1").arg(in_names.join(QStringLiteral(", "))));
+    });
     QMenu* pMenu = in_window.menuBar()->addMenu(tr("&Properties"));
     AddUndo(*pMenu, in_window);
+    AddCopy(*pMenu);
+    AddModified(*pMenu);
     AddView(*pMenu);
+}
+
+void CPropertyTab::KeepState()
+{
+    RestoreState(QSettings().value(g_strStateKey).toByteArray());
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { QSettings().setValue(g_strStateKey, SaveState()); });
 }
 
 void CPropertyTab::AddUndo(QMenu& io_menu, QMainWindow& in_window)
@@ -30,25 +51,50 @@ void CPropertyTab::AddUndo(QMenu& io_menu, QMainWindow& in_window)
     io_menu.addSeparator();
 }
 
-QAction* CPropertyTab::AddSwitch(QMenu& io_menu, const QString& in_strText, bool in_bOn)
+void CPropertyTab::AddCopy(QMenu& io_menu)
 {
-    QAction* pSwitch = io_menu.addAction(in_strText);
+    io_menu.addAction(tr("Copy Page as &Text"), this, [this] { QApplication::clipboard()->setText(Page().Text()); });
+    io_menu.addAction(tr("Copy Page as &JSON"), this,
+                      [this] { QApplication::clipboard()->setText(QString::fromUtf8(Page().Json())); });
+    io_menu.addAction(tr("&Paste into Page"), this, [this] { Page().Paste(QApplication::clipboard()->text()); });
+    io_menu.addSeparator();
+}
+
+void CPropertyTab::AddModified(QMenu& io_menu)
+{
+    QMenu* pMenu = io_menu.addMenu(tr("&Mark What Differs from"));
+    auto* pChoice = new QActionGroup(pMenu);
+    const std::pair<QString, CPropertyPage::eModifiedAgainst> choices[] = {
+        {tr("&Nothing"), CPropertyPage::eNothing},
+        {tr("The &First Values"), CPropertyPage::eFirstValues},
+        {tr("The &Defaults"), CPropertyPage::eDefaults}};
+    for (const auto& choice : choices)
+    {
+        const CPropertyPage::eModifiedAgainst eAgainst = choice.second;
+        pChoice->addAction(AddSwitch(*pMenu, choice.first, [this, eAgainst] { Page().SetModifiedAgainst(eAgainst); }));
+    }
+    pChoice->actions().constFirst()->setChecked(true);
+    io_menu.addAction(tr("R&eset Value"), this, [this] { CurrentRow().Reset(); });
+    QAction* pOnly =
+        AddSwitch(io_menu, tr("&Only Modified Values"), [this](bool in_bOnly) { SetOnlyModified(in_bOnly); });
+    connect(&io_menu, &QMenu::aboutToShow, this, [=] { pOnly->setChecked(IsOnlyModified()); });
+    io_menu.addSeparator();
+}
+
+/// `in_slot` is told what the user chose.
+template <class Slot> QAction* CPropertyTab::AddSwitch(QMenu& io_menu, const QString& in_strText, Slot in_slot)
+{
+    QAction* pSwitch = io_menu.addAction(in_strText, this, in_slot);
     pSwitch->setCheckable(true);
-    pSwitch->setChecked(in_bOn);
     return pSwitch;
 }
 
 void CPropertyTab::AddView(QMenu& io_menu)
 {
-    connect(AddSwitch(io_menu, tr("&Mark Modified Values"), false), &QAction::toggled, this, [this](bool in_bOn) {
-        Page().SetModifiedAgainst(in_bOn ? CPropertyPage::eFirstValues : CPropertyPage::eNothing);
-    });
-    connect(AddSwitch(io_menu, tr("&Only Modified Values"), false), &QAction::toggled, this,
-            &CPropertyView::SetOnlyModified);
-    connect(AddSwitch(io_menu, tr("&Description"), false), &QAction::toggled, this,
-            &CPropertyView::SetDescriptionVisible);
-    io_menu.addAction(tr("&Filter"), this, [this] { SetFilterVisible(true); });
+    QAction* pFilter = AddSwitch(io_menu, tr("&Filter"), [this](bool in_bOn) { SetFilterVisible(in_bOn); });
+    AddSwitch(io_menu, tr("&Description"), [this](bool in_bOn) { SetDescriptionVisible(in_bOn); });
+    connect(&io_menu, &QMenu::aboutToShow, this, [=] { pFilter->setChecked(IsFilterVisible()); });
     io_menu.addAction(tr("&Unfold All"), this, [this] { ExpandAll(); });
-    io_menu.addAction(tr("F&old All"), this, [this] { ExpandAll(false); });
-    io_menu.addAction(tr("&Read Again"), &Page(), &CPropertyPage::Refresh);
+    io_menu.addAction(tr("Fo&ld All"), this, [this] { ExpandAll(false); });
+    io_menu.addAction(tr("Re&ad Again"), &Page(), &CPropertyPage::Refresh);
 }

@@ -17,9 +17,14 @@ public:
     /// Both must outlive it. Its menu goes to the window's menu bar, the list of what can be undone to its side.
     CPropertyTab(CStage& in_stage, QMainWindow& in_window);
 
+    /// Shows the page as the user left it in the last run, and keeps for the next how this one leaves it.
+    void KeepState();
+
 private:
-    QAction* AddSwitch(QMenu& io_menu, const QString& in_strText, bool in_bOn);
+    template <class Slot> QAction* AddSwitch(QMenu& io_menu, const QString& in_strText, Slot in_slot);
     void AddUndo(QMenu& io_menu, QMainWindow& in_window);
+    void AddModified(QMenu& io_menu);
+    void AddCopy(QMenu& io_menu);
     void AddView(QMenu& io_menu);
 };
 #endif
