@@ -1,6 +1,6 @@
 #!/bin/bash
 # pictures.sh [folder [program]]: makes the pictures of docs/pictures, or of the folder, by the demo for Qt 6.
-# They show it with light and dark palette, at scale factors 1 and 2 ("@2x").
+# They show it with light and dark palette, at scale factors 1, 1.5 ("@1.5x") and 2.
 set -euo pipefail
 project=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
 target=$(realpath -m "${1:-$project/docs/pictures}")
@@ -27,5 +27,6 @@ make() {
 
 make 1 "" properties page list
 make 1 -dark properties page -- --dark
+make 1.5 @1.5x properties
 make 2 @2x preview
 make 2 -dark@2x preview -- --dark
