@@ -1,5 +1,7 @@
 #include "workedpage.h"
 
+#include <random>
+
 using TestSupport::Latin;
 
 namespace
@@ -37,6 +39,20 @@ public:
     }
 
     static CInPlaceEdit* Editor() { return CQTSimpleDataWidget::g_pInPlace; }
+
+    /// Values, the row that is edited and what is in its editor; "inactive" when no window gets the keys.
+    QString Content() const
+    {
+        QStringList words;
+        for (const auto& line : m_lines)
+        {
+            words << Latin(ValueOf(*line.second));
+        }
+        words << (QApplication::activeWindow() ? Editing() : QLatin1String("inactive"));
+        return words.join(QLatin1Char(' ')).trimmed();
+    }
+
+    using CWorkedPage::Press;
 
     std::map<int, CTestElement<CSimpleDataElement>*> m_lines;
 
@@ -105,6 +121,170 @@ private:
 
     CInspectorView::sInspectorElement* m_pContainer = nullptr;
 };
+/// What must come of the keys typed so far, whenever they arrive.
+class CTypedModel
+{
+public:
+    explicit CTypedModel(const std::string& in_strRows) : m_strRows(in_strRows), m_values(in_strRows.size(), "v") {}
+
+    void Press(int in_iRow)
+    {
+        End(true);
+        Open(in_iRow);
+    }
+
+    /// A letter, or a name of the X server's.
+    void Key(const std::string& in_strKey)
+    {
+        if (in_strKey == "Return" || in_strKey == "Escape")
+        {
+            End(in_strKey == "Return");
+        }
+        else if (in_strKey == "Tab" || in_strKey == "shift+Tab")
+        {
+            const int iRows = static_cast<int>(m_strRows.size());
+            const int iNext = (m_iEdited + (in_strKey == "Tab" ? 1 : iRows - 1)) % iRows;
+            End(true);
+            Open(iNext);
+        }
+        else
+        {
+            m_strText = m_bSelected ? "" : m_strText;
+            in_strKey != "BackSpace" ? m_strText += in_strKey : m_strText = m_strText.substr(0, m_strText.size() - 1);
+            m_bSelected = false;
+        }
+    }
+
+    QString Content() const
+    {
+        std::string strContent;
+        for (std::size_t uRow = 0; uRow < m_values.size(); ++uRow)
+        {
+            strContent += m_strRows[uRow] == 'L' ? m_values[uRow] + " " : "";
+        }
+        return Latin(IsEditing() ? strContent + "@" + std::to_string(m_iEdited) + "=" + m_strText : strContent)
+            .trimmed();
+    }
+
+    bool IsEditing() const { return m_iEdited >= 0; }
+    int Edited() const { return m_iEdited; }
+
+private:
+    /// Anything but a line only takes the focus.
+    void Open(int in_iRow)
+    {
+        if (m_strRows[in_iRow] != 'L')
+        {
+            return;
+        }
+        m_iEdited = in_iRow;
+        m_strText = m_values[in_iRow];
+        m_bSelected = true;
+    }
+
+    void End(bool in_bTake)
+    {
+        if (IsEditing() && in_bTake)
+        {
+            m_values[m_iEdited] = m_strText;
+        }
+        m_iEdited = -1;
+    }
+
+    std::string m_strRows;
+    std::vector<std::string> m_values;
+    int m_iEdited = -1;
+    std::string m_strText;
+    bool m_bSelected = false;
+};
+
+/// Presses rows and types bursts of keys at random, with no time for the windows to come to rest but before a press.
+class CTypist
+{
+public:
+    CTypist(std::mt19937& io_random, QWidget* in_pOther)
+        : m_random(io_random),
+          m_page(Latin(m_strRows), in_pOther),
+          m_model(m_strRows)
+    {}
+
+    /// \return how many keys were typed until that was enough or something was wrong
+    int Run(int in_iKeys)
+    {
+        m_xdotool.start(QLatin1String("xdotool"), QStringList(QLatin1String("-")));
+        bool bRight = m_page.Open() && m_xdotool.waitForStarted() && Rests();
+        while (bRight && m_iKeys < in_iKeys)
+        {
+            bRight = (m_model.IsEditing() && Any(4) > 0) || PressAny();
+            TypeBurst();
+            bRight = bRight && ((m_model.IsEditing() && Any(3) > 0 && m_iKeys < in_iKeys) || Rests());
+        }
+        bRight ? void() : Complain();
+        m_xdotool.closeWriteChannel();
+        m_xdotool.waitForFinished();
+        return m_iKeys;
+    }
+
+private:
+    int Any(int in_iCount) { return static_cast<int>(m_random() % static_cast<unsigned>(in_iCount)); }
+
+    void Do(const std::string& in_strCommand) { m_xdotool.write((in_strCommand + "\n").c_str()); }
+
+    bool Rests()
+    {
+        m_strScript += " .";
+        return TestSupport::WaitUntil([this] { return m_page.Content() == m_model.Content(); });
+    }
+
+    bool PressAny()
+    {
+        const int iRow = Any(static_cast<int>(m_strRows.size()));
+        if (iRow == m_model.Edited() || m_strRows[iRow] != 'L')
+        {
+            return true;
+        }
+        if (!Rests())
+        {
+            return false;
+        }
+        m_model.Press(iRow);
+        m_strScript += " click" + std::to_string(iRow);
+        return m_page.Press(iRow);
+    }
+
+    void TypeBurst()
+    {
+        static const char* const keys[] = {"a",   "b",   "c",         "BackSpace", "Tab",
+                                           "Tab", "Tab", "shift+Tab", "Return",    "Escape"};
+        static const char* const pauses[] = {"0", "0", "0", "1", "5", "20", "40"};
+        std::string strBurst;
+        for (int iLeft = 1 + Any(12); iLeft > 0 && m_model.IsEditing(); --iLeft, ++m_iKeys)
+        {
+            const std::string strKey = keys[Any(10)];
+            m_model.Key(strKey);
+            strBurst += " " + strKey;
+        }
+        const std::string strPause = pauses[Any(7)];
+        strBurst.empty() ? void() : Do("key --delay " + strPause + strBurst);
+        m_strScript += " " + strPause + ":" + strBurst;
+    }
+
+    void Complain() const
+    {
+        const std::string strEnd =
+            m_strScript.substr(m_strScript.size() - std::min<std::size_t>(m_strScript.size(), 300));
+        const QString strIs = m_page.Content() + QLatin1String("\n   not ") + m_model.Content();
+        QTest::qFail((strEnd + "\n   is  " + strIs.toStdString()).c_str(), __FILE__, __LINE__);
+    }
+
+    const std::string m_strRows = "LLBLLLL";
+    std::mt19937& m_random;
+    CLinePage m_page;
+    CTypedModel m_model;
+    QProcess m_xdotool;
+    int m_iKeys = 0;
+    std::string m_strScript;
+};
 } // namespace
 
 class LineEditTest : public QObject
@@ -117,6 +297,7 @@ private slots:
     void Editing();
     void Typing_data();
     void Typing();
+    void AnyTyping();
     void UnchangedTextStays();
     void LastWindowClosed();
 
@@ -206,6 +387,22 @@ void LineEditTest::Typing_data()
 void LineEditTest::Typing()
 {
     RunCase<CLinePage>(&m_other);
+}
+
+/// For longer runs INSPECTOR_TYPING="<seed> <keys>". A page is typed into until a thousand keys, or a fault.
+void LineEditTest::AnyTyping()
+{
+    if (!CWorkedPage::IsReal())
+    {
+        return; // events that are sent have no races
+    }
+    unsigned uSeed = 1;
+    int iKeys = 100;
+    std::istringstream(qgetenv("INSPECTOR_TYPING").constData()) >> uSeed >> iKeys;
+    for (std::mt19937 random(uSeed); iKeys > 0;)
+    {
+        iKeys -= std::max(1, CTypist(random, &m_other).Run(std::min(iKeys, 1000)));
+    }
 }
 
 void LineEditTest::UnchangedTextStays()

@@ -172,6 +172,14 @@ protected:
         Rest(QEvent::Wheel, iBefore, "the wheel");
     }
 
+    /// Waits for no more than that the press arrives; a window manager may keep it to itself for some time.
+    bool Press(int in_iRow)
+    {
+        const int iBefore = m_counts[QEvent::MouseButtonPress];
+        DriveIn(WidgetAt<QWidget>(in_iRow), QPoint(9, 9), 1);
+        return TestSupport::WaitUntil([=] { return m_counts[QEvent::MouseButtonPress] > iBefore; });
+    }
+
     /// The row's rectangle on the screen, empty when it cannot be seen.
     QRect RowRect(int in_iRow) const
     {

@@ -246,9 +246,14 @@ void CInPlaceKeeper::Close()
     {
         pHeir->setFocus(Qt::OtherFocusReason); // or Qt would give it to some other row
     }
+    const bool bActivate = bWasActive && pOwner && !pOwner->isMinimized(); // which would bring it back
+    if (bActivate && m_eKind == eLine && InspectorQt::IsXcb())
+    {
+        InspectorQt::Activate(pOwner); // a focus that goes with its window is nobody's for a while
+    }
     m_pEditor->hide();
     m_pEditor->isWindow() ? void() : m_pEditor->setParent(nullptr);
-    if (bWasActive && pOwner && !pOwner->isMinimized()) // which would bring it back
+    if (bActivate)
     {
         InspectorQt::Activate(pOwner);
         ClaimOwnerActive(pOwner);
