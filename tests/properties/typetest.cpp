@@ -306,6 +306,8 @@ void CTypeTest::Typed_data()
     Row("after a quote", QStringList(), "\"a\"b", nullptr);
     Row("pattern", QRegularExpression(), "(", nullptr);
     Row("no language", QLocale("de_DE"), "gibberish", nullptr);
+    Row("no key", QVariant::fromValue(QKeySequence()), "gibberish", nullptr);
+    Row("no key among keys", QVariant::fromValue(QKeySequence()), "F1, Ctrl+gibberish", nullptr);
     Row("no id", QUuid(), "{1}", nullptr);
     Row("font, other order", QFont(), "Noto Serif, italic, 9.5", "Noto Serif, 9.5 pt, italic");
     Row("no font size", QFont(), "Noto Serif, -3", nullptr);

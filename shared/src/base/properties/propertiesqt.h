@@ -4,6 +4,7 @@
 /// What differs between Qt 5 and 6, in one place. Private to the library.
 /// \file
 
+#include <QKeySequence>
 #include <QMouseEvent>
 #include <QVariant>
 
@@ -37,6 +38,16 @@ inline QVariant Converted(const QVariant& in_value, int in_iType)
     return converted.convert(QMetaType(in_iType)) ? converted : in_value;
 #else
     return converted.convert(in_iType) ? converted : in_value;
+#endif
+}
+
+/// One of a sequence's keys, without those that go with it.
+inline int KeyAt(const QKeySequence& in_keys, int in_iIndex)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return in_keys[static_cast<uint>(in_iIndex)].key();
+#else
+    return in_keys[static_cast<uint>(in_iIndex)] & ~static_cast<int>(Qt::KeyboardModifierMask);
 #endif
 }
 

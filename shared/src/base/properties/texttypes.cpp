@@ -1,4 +1,5 @@
 #include "fileeditor.h"
+#include "propertiesqt.h"
 #include "texteditor.h"
 #include "valuetypes.h"
 
@@ -202,8 +203,11 @@ public:
     QVariant FromText(const sPropertyFormat&, const QString& in_strText, const QVariant&) const override
     {
         const QKeySequence keys = QKeySequence::fromString(in_strText, QKeySequence::PortableText);
-        const bool bKnown = keys.isEmpty() == in_strText.isEmpty() &&
-                            !keys.toString(QKeySequence::PortableText).isEmpty() == !in_strText.isEmpty();
+        bool bKnown = keys.isEmpty() == in_strText.isEmpty();
+        for (int i = 0; i < keys.count(); ++i)
+        {
+            bKnown = bKnown && PropertiesQt::KeyAt(keys, i) != Qt::Key_unknown;
+        }
         return bKnown ? QVariant::fromValue(keys) : QVariant();
     }
 
