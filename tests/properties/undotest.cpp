@@ -164,6 +164,11 @@ struct sBench
                  view->ShowObjects({second, first});
              }},
             {"clear", [this] { view->Page().Clear(); }},
+            {"clearing",
+             [this] {
+                 QObject::connect(&view->Page(), &CPropertyPage::ValueAboutToChange, view,
+                                  [this] { view->Page().Clear(); });
+             }},
             {"drag", [this] { Drag(); }},
             {"zero", [this] { view->Page().Write(Row("real").Property(), -0.0); }},
             {"press", [this] { QTest::mouseClick(Area(), Qt::LeftButton, Qt::NoModifier, ButtonPlace()); }},
@@ -300,6 +305,7 @@ void UndoTest::Steps_data()
         {"pasted", "value: Ctrl+V text: Ctrl+V", "value text"},
         {"reset", "even: Delete", "Reset even"},
         {"a limit that takes others along", "limit: F2 5 Return", "limit"},
+        {"a limit, of a page that is cleared meanwhile", "!clearing limit: F2 5 Return", "limit"},
         {"what was taken along is edited", "limit: F2 5 Return value: F2 3 Return", "limit value"},
         {"a setter that writes", "!nested value: F2 7 Return", "value"},
         {"filled anew", "value: F2 7 Return !rebuild text: F2 x Return", "value text"},

@@ -79,8 +79,8 @@ private:
     void ListenForDeath(const QObject* in_pObject);
     void StopListening();
     std::vector<tPropertyPtr> Watched(const tPropertyPtr& in_pProperty) const;
-    bool Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
-                 const std::shared_ptr<CPropertyStep>& in_pStep);
+    bool Perform(const tPropertyPtr& in_pProperty, const std::vector<tPropertyPtr>& in_watched,
+                 const std::function<bool()>& in_write, const std::shared_ptr<CPropertyStep>& in_pStep);
     void Note(const std::vector<sPropertyChange>& in_properties);
     void Reveal(const CProperty& in_property);
     void WriteAll(const std::vector<std::pair<tPropertyPtr, QVariant>>& in_changes, QStringList in_refused);

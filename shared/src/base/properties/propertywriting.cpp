@@ -103,6 +103,7 @@ bool CPropertyRows::Change(const tPropertyPtr& in_pProperty, const QVariant& in_
     const tPropertyPtr pProperty = in_pProperty; // the argument may be a row's, which may go meanwhile
     const tPropertyStepPtr pStep = in_pStep;
     bool bAllowed = !pProperty->IsReadOnly();
+    const std::vector<tPropertyPtr> watched = bAllowed ? Watched(pProperty) : std::vector<tPropertyPtr>();
     if (bAllowed)
     {
         Q_EMIT m_page.ValueAboutToChange(pProperty.get(), in_value, &bAllowed);
@@ -115,7 +116,7 @@ bool CPropertyRows::Change(const tPropertyPtr& in_pProperty, const QVariant& in_
         }
         return bTaken;
     };
-    return self && bAllowed && Perform(pProperty, writeAll, pStep);
+    return self && bAllowed && Perform(pProperty, watched, writeAll, pStep);
 }
 
 void CPropertyRows::TakeBack(const tPropertyPtr& in_pProperty, const tPropertyStepPtr& in_pStep)
@@ -125,19 +126,19 @@ void CPropertyRows::TakeBack(const tPropertyPtr& in_pProperty, const tPropertySt
     if (!pStep->IsEmpty())
     {
         Perform(
-            pProperty, [&] { return pStep->Undo(), true; }, pStep);
+            pProperty, Watched(pProperty), [&] { return pStep->Undo(), true; }, pStep);
     }
 }
 
 /// Lets `in_write` write, puts what came of it on the stack and tells of it. The arguments are the caller's own.
-bool CPropertyRows::Perform(const tPropertyPtr& in_pProperty, const std::function<bool()>& in_write,
-                            const tPropertyStepPtr& in_pStep)
+bool CPropertyRows::Perform(const tPropertyPtr& in_pProperty, const std::vector<tPropertyPtr>& in_watched,
+                            const std::function<bool()>& in_write, const tPropertyStepPtr& in_pStep)
 {
     const QPointer<CPropertyRows> self(this);
     const QPointer<QUndoStack> pStack(m_iReplays == 0 && !m_pWriting ? m_pUndo->Stack() : nullptr);
     const tPropertyStepPtr pOuter = m_pWriting;
     const tPropertyStepPtr pChanges = std::make_shared<CPropertyStep>();
-    CPropertyWatch watch(Watched(in_pProperty), in_pProperty->Members().size());
+    CPropertyWatch watch(in_watched, in_pProperty->Members().size());
     Note(watch.Watched());
     const QVariant before = in_pProperty->Read();
     m_pWriting = pChanges; // a setter that writes is part of the same step
