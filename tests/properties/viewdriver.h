@@ -264,7 +264,8 @@ private:
             {"Left", Qt::Key_Left},     {"Right", Qt::Key_Right},   {"Home", Qt::Key_Home},
             {"End", Qt::Key_End},       {"Next", Qt::Key_PageDown}, {"Prior", Qt::Key_PageUp},
             {"F2", Qt::Key_F2},         {"F4", Qt::Key_F4},         {"Space", Qt::Key_Space},
-            {"c", Qt::Key_C},           {"v", Qt::Key_V},           {"F5", Qt::Key_F5}};
+            {"c", Qt::Key_C},           {"v", Qt::Key_V},           {"F5", Qt::Key_F5},
+            {"F10", Qt::Key_F10}};
         const QString strName = in_strKey.section('+', -1);
         Qt::KeyboardModifiers eModifiers = in_strKey.startsWith("shift+")  ? Qt::ShiftModifier
                                            : in_strKey.startsWith("ctrl+") ? Qt::ControlModifier
@@ -300,6 +301,7 @@ private:
             {"rest", [&] { QCoreApplication::processEvents(); }},
             {"show", [&] { m_pView->ShowObject(m_pAfter); }},
             {"refresh", [&] { m_pView->Page().Refresh(); }},
+            {"shift", [&] { m_hooks["setter"] = [this] { m_pView->Page().Clear(), m_values.clear(), Fill("GBBB"); }; }},
         };
         acts.at(in_strAct)();
     }

@@ -60,6 +60,15 @@ inline QPoint Position(const QMouseEvent& in_event)
     return in_event.pos();
 #endif
 }
+
+inline QPoint GlobalPosition(const QMouseEvent& in_event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return in_event.globalPosition().toPoint();
+#else
+    return in_event.globalPos();
+#endif
+}
 } // namespace PropertiesQt
 
 #endif

@@ -24,16 +24,6 @@ QString NameOf(const sPropertyItem& in_item)
     return in_item.property ? in_item.property->Name() : in_item.label;
 }
 
-/// The row's name and those of its groups.
-QStringList PathOf(const sPropertyItem& in_item)
-{
-    QStringList path;
-    for (const sPropertyItem* pItem = &in_item; pItem; pItem = pItem->parent)
-    {
-        path << NameOf(*pItem);
-    }
-    return path;
-}
 } // namespace
 
 CPropertyArea::CPropertyArea(CPropertyRows& in_rows)
@@ -129,6 +119,16 @@ void CPropertyArea::PageAboutToChange()
     self ? m_pControls->ClearAllData() : void();
 }
 
+/// The row's name and those of its groups.
+QStringList CPropertyArea::PathOf(const sPropertyItem& in_item)
+{
+    QStringList path;
+    for (const sPropertyItem* pItem = &in_item; pItem; pItem = pItem->parent)
+    {
+        path << NameOf(*pItem);
+    }
+    return path;
+}
 /// A page that is made anew, for instance by the setter that an edit called, goes on where it was.
 void CPropertyArea::FindCurrentAgain()
 {

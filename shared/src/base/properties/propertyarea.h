@@ -80,6 +80,9 @@ public:
     void TakeOver();
     void Cancel();
 
+    /// Takes over before a press, which then works only the row that it was aimed at.
+    void TakeOverForPress(const QPoint& in_global);
+
     /// Takes over and edits the part or row that can be edited after the current one (before it); past the last, the
     /// focus leaves the page.
     void Leave(bool in_bForward);
@@ -191,6 +194,7 @@ private:
     int FittingColumn(bool in_bExact) const;
     int RowWidth() const;
     int IndexOf(const sPropertyItem* in_pItem);
+    static QStringList PathOf(const sPropertyItem& in_item);
     tItems::const_iterator FirstBelow(int in_iY);
     QRect LabelRect(const sPropertyItem& in_item) const;
     int ResetWidth(const sPropertyItem& in_item) const;
@@ -296,6 +300,7 @@ private:
     int m_iRowHeight = 0;
     int m_iIndent = 0;
     eDrag m_eDrag = eNoDrag;
+    QStringList m_aimed; ///< the row that a press was aimed at before an edit was taken over; empty: any
     QPoint m_dragFrom;
     std::weak_ptr<sPropertyItem> m_dragged;
     QVariant m_dragValue;                       ///< the value when the drag began

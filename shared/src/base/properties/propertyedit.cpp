@@ -265,7 +265,7 @@ bool CPropertyEdit::eventFilter(QObject* in_pObject, QEvent* in_pEvent)
     case QEvent::MouseButtonPress:
         if (IsPressOutside(*in_pObject, *static_cast<QMouseEvent*>(in_pEvent)))
         {
-            m_pArea->TakeOver();
+            m_pArea->TakeOverForPress(PropertiesQt::GlobalPosition(*static_cast<QMouseEvent*>(in_pEvent)));
         }
         return !receiver;
     default:

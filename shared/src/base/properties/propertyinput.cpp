@@ -68,9 +68,23 @@ void CPropertyArea::Follow(const sPropertyItem& in_item)
     }
 }
 
+void CPropertyArea::TakeOverForPress(const QPoint& in_global)
+{
+    const QPointer<CPropertyArea> self(this);
+    const tItemPtr pAimed = HitAt(mapFromGlobal(in_global)).item;
+    const QStringList aimed = pAimed ? PathOf(*pAimed) : QStringList();
+    TakeOver();
+    self ? void(m_aimed = aimed) : void();
+}
+
 void CPropertyArea::mousePressEvent(QMouseEvent* in_pEvent)
 {
     const sHit hit = HitAt(PropertiesQt::Position(*in_pEvent));
+    const QStringList aimed = std::exchange(m_aimed, QStringList());
+    if (!aimed.isEmpty() && (!hit.item || PathOf(*hit.item) != aimed))
+    {
+        return; // what was typed has put another row there
+    }
     if (in_pEvent->button() != Qt::LeftButton)
     {
         hit.item ? SetCurrent(hit.item, hit.part) : void();

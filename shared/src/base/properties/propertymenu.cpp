@@ -127,6 +127,12 @@ void CPropertyArea::contextMenuEvent(QContextMenuEvent* in_pEvent)
 
 void CPropertyArea::OpenMenuOfCurrent()
 {
+    const QPointer<CPropertyArea> self(this);
+    TakeOver();
+    if (!self)
+    {
+        return;
+    }
     const tItemPtr pItem = IndexOf(Current().get()) < 0 ? nullptr : Current();
     pItem ? ScrollTo(*pItem) : void();
     OpenMenu(pItem, mapToGlobal(pItem ? RowRect(*pItem).center() : rect().center()));
