@@ -189,6 +189,7 @@ bool CInPlaceEdit::event(QEvent* in_pEvent)
         EndWith(CInspectorDataElement::eEndEditFocusLost); // hidden by somebody else: a pop-up by a press outside
     }
     // A line edit that has not the focus yet when its window is activated drops its selection some time later.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return eType == QEvent::WindowActivate ? QWidget::event(in_pEvent) : QLineEdit::event(in_pEvent);
 }
 

@@ -21,8 +21,8 @@ class QItemEditorFactory;
 /// \endcode
 ///
 /// It is a widget like any other. Tab and the arrow keys go from row to row; Enter, F2, Space and typing work them; the
-/// border between labels and values can be dragged. Style sheets name it and what it is made of, for Qt hands on nothing
-/// to children: \c "CPropertyView, CPropertyView * { font-size: 14px }".
+/// border between labels and values can be dragged. Style sheets name it and what it is made of, for Qt hands on
+/// nothing to children: \c "CPropertyView, CPropertyView * { font-size: 14px }".
 class PROPERTIES_EXPORT CPropertyView : public QWidget
 {
     Q_OBJECT
