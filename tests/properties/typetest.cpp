@@ -662,9 +662,8 @@ void CTypeTest::PrefixAndSuffix()
         QVERIFY(TestSupport::ShowWindow(&edit.window));
         const auto* pLine = edit.editor.widget->findChild<QLineEdit*>();
         const QList<QLabel*> labels = pLine->findChildren<QLabel*>();
-        const bool bMirrored = eDirection == Qt::RightToLeft;
-        const int iPrefixAt = labels[bMirrored ? 1 : 0]->geometry().right();
-        const int iSuffixAt = labels[bMirrored ? 0 : 1]->geometry().left();
+        const int iPrefixAt = labels[0]->geometry().right();
+        const int iSuffixAt = labels[1]->geometry().left();
         const int iCursor = pLine->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
         QCOMPARE(pLine->text(), QString("5"));
         QVERIFY2(iPrefixAt <= iCursor && iCursor <= iSuffixAt, qPrintable(QString::number(iCursor)));

@@ -43,22 +43,25 @@ void CNumberEditor::resizeEvent(QResizeEvent* in_pEvent)
     PlaceBeside();
 }
 
-/// The prefix stands at the edge, the suffix right after the text as long as there is room.
+/// In the order in which the whole is read: beside the text, as long as there is room.
 void CNumberEditor::PlaceBeside()
 {
-    const QRect whole = lineEdit()->rect();
+    const auto textOf = [](const QLabel* in_pLabel) { return in_pLabel ? in_pLabel->text() : QString(); };
+    const auto widthOf = [](const QLabel* in_pLabel) { return in_pLabel ? in_pLabel->sizeHint().width() : 0; };
+    const bool bMirrored = (textOf(m_pPrefix) + textOf(m_pSuffix)).isRightToLeft();
+    QLabel* pLeft = bMirrored ? m_pSuffix : m_pPrefix;
+    QLabel* pRight = bMirrored ? m_pPrefix : m_pSuffix;
+    const int iLeft = widthOf(pLeft);
+    const int iRight = widthOf(pRight);
     const int iGap = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this) + 1;
-    const int iBefore = m_pPrefix ? m_pPrefix->sizeHint().width() : 0;
-    const int iAfter = m_pSuffix ? m_pSuffix->sizeHint().width() : 0;
-    const int iEnd = iBefore + lineEdit()->fontMetrics().horizontalAdvance(text()) + 2 * iGap;
-    const auto place = [&](QLabel* in_pLabel, int in_iLeft, int in_iWidth) {
-        const QRect rect(in_iLeft, 0, in_iWidth, whole.height());
-        in_pLabel ? in_pLabel->setGeometry(QStyle::visualRect(layoutDirection(), whole, rect)) : void();
-    };
-    place(m_pPrefix, iGap, iBefore);
-    place(m_pSuffix, std::min(iEnd, whole.width() - iAfter), iAfter);
-    const bool bMirrored = isRightToLeft();
-    lineEdit()->setTextMargins(bMirrored ? iAfter : iBefore, 0, bMirrored ? iBefore : iAfter, 0);
+    const int iText = lineEdit()->fontMetrics().horizontalAdvance(text()) + 2 * iGap;
+    const int iWidth = lineEdit()->width();
+    const bool bFromRight = isRightToLeft();
+    const int iLeftAt = bFromRight ? std::max(0, iWidth - iRight - iText - iLeft) : iGap;
+    const int iRightAt = bFromRight ? iWidth - iGap - iRight : std::min(iLeft + iText, iWidth - iRight);
+    pLeft ? pLeft->setGeometry(iLeftAt, 0, iLeft, lineEdit()->height()) : void();
+    pRight ? pRight->setGeometry(iRightAt, 0, iRight, lineEdit()->height()) : void();
+    lineEdit()->setTextMargins(iLeft, 0, iRight, 0);
 }
 
 QVariant CNumberEditor::Value() const
