@@ -25,8 +25,24 @@ public:
     void Hide() override { hide(); }
 };
 
+/// A widget of the application's that works without keyboard navigation: the guide's recipe.
+class CTabbed : public CPair
+{
+public:
+    CTabbed() { setFocusPolicy(Qt::StrongFocus); }
+    void StartEditing() override { setFocus(Qt::TabFocusReason); }
+
+protected:
+    bool focusNextPrevChild(bool in_bNext) override
+    {
+        m_pElement->OnEndEditing(this, in_bNext ? CInspectorDataElement::eEndEditNext
+                                                : CInspectorDataElement::eEndEditPrevious);
+        return true;
+    }
+};
+
 /// A page between two buttons, "first" and "last". Rows: L line, B box, E choice of One to Nine at Two, P button, X
-/// long text, S static text, C CPair; in lower case read-only, for a button: switched off.
+/// long text, S static text, C CPair, T CTabbed; in lower case read-only, for a button: switched off.
 class CKeyboardPage : public CWorkedPage
 {
 public:
@@ -52,6 +68,7 @@ public:
             };
         };
         m_acts["where"] = [this](int) { m_log.Note(ePaint, "#" + Focus().toStdString()); };
+        m_acts["start"] = [this](int in_iRow) { WidgetAt<CInspectorDataWidget>(in_iRow)->StartEditing(); };
         m_acts["offset"] = [this](int) { m_log.Note(ePaint, m_pView->m_iOffsetY > 0 ? "scrolled" : "top"); };
     }
 
@@ -118,6 +135,9 @@ private:
         case 'S':
             Add<CQTStaticWidget, CStaticDataElement>(pName);
             return;
+        case 'T':
+            pElement = Add<CTabbed, CBoolDataElement>(pName);
+            break;
         default:
             pElement = Add<CPair, CBoolDataElement>(pName);
         }
@@ -171,6 +191,9 @@ void KeyboardTest::Working_data()
         {"read-only ones are reached", "lbepX", "Tab where Tab where Tab where Tab", "#0 #1 #2 #4"},
         {"or not", "lbepXL", "writable Tab where Tab", "#4 #5"},
         {"not without having asked", "LBC", "off Tab where Tab where Tab", "#left #right #last"},
+        {"a widget of the application's leaves to any kind", "TBTXTETPTTTL",
+         "off start0 Tab where start2 Tab where start4 Tab where start6 Tab where start8 Tab where Tab where Tab",
+         "0:2 #1 2:2 #3 4:2 #5 6:2 #7 8:2 #9 9:2 #10 10:2 @11=old"},
         {"the page follows", "LLLLLLLLLLLB", "shift+Tab shift+Tab where offset", "#11 scrolled #11"},
         {"a box", "BB", "Tab space Tab space space", "0=true 1=true 1=false #1"},
         {"a read-only box", "b", "Tab space", "#0"},
