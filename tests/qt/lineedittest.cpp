@@ -52,6 +52,7 @@ public:
         return words.join(QLatin1Char(' ')).trimmed();
     }
 
+    using CWorkedPage::KeysTyped;
     using CWorkedPage::Press;
 
     std::map<int, CTestElement<CSimpleDataElement>*> m_lines;
@@ -233,7 +234,8 @@ private:
     bool Rests()
     {
         m_strScript += " .";
-        return TestSupport::WaitUntil([this] { return m_page.Content() == m_model.Content(); });
+        return TestSupport::WaitUntil(
+            [this] { return m_page.KeysTyped() == m_iKeys && m_page.Content() == m_model.Content(); });
     }
 
     bool PressAny()
@@ -328,6 +330,7 @@ void LineEditTest::Editing_data()
         {"click another window", "LL", "click0 x other", "0=x 0:4", eSent | eX11},
 
         {"follows the wheel", "LLLLLLLLLLLL", "click6 x wheel6 y", "@6=xy"},
+        {"ends by the wheel", "LLLLLLLLLLLL", "click0 x wheel0", "0=x 0:4"},
         {"scrolled out of sight", "LLLLLLLLLLLL", "click0 x scroll", "0=x 0:4"},
         {"content hidden", "LL", "click0 x hide", "0=x 0:4"},
         {"page left", "LL", "click0 x leave", "0=x 0:4"},

@@ -30,15 +30,17 @@ class CEventCounter : public QObject
 public:
     CEventCounter() { qApp->installEventFilter(this); }
 
-    bool eventFilter(QObject*, QEvent* in_pEvent) override
+    bool eventFilter(QObject* in_pReceiver, QEvent* in_pEvent) override
     {
         const QEvent::Type eType = in_pEvent->type();
         const bool bShift = eType == QEvent::KeyPress && static_cast<QKeyEvent*>(in_pEvent)->key() == Qt::Key_Shift;
         m_counts[eType] += bShift ? 0 : 1;
+        m_iTyped += eType == QEvent::KeyPress && !bShift && in_pReceiver->inherits("CInPlaceEdit") ? 1 : 0;
         return false;
     }
 
     std::map<QEvent::Type, int> m_counts;
+    int m_iTyped = 0; ///< keys that have come to the line editor
 };
 
 /// A page whose rows are named by their numbers, and a person who works it. Each act waits until its input has arrived
@@ -171,6 +173,8 @@ protected:
         IsReal() ? DriveIn(in_pWidget, in_pWidget->rect().center(), 5) : void(TestSupport::TurnWheel(in_pWidget));
         Rest(QEvent::Wheel, iBefore, "the wheel");
     }
+
+    int KeysTyped() const { return m_iTyped; }
 
     /// Waits for no more than that the press arrives; a window manager may keep it to itself for some time.
     bool Press(int in_iRow)

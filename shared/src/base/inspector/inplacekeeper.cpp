@@ -355,6 +355,8 @@ void CInPlaceKeeper::customEvent(QEvent* in_pEvent)
     {
         m_bReplayPosted = false;
         m_bAwaited = m_bAwaited && QApplication::activeWindow() != m_pEditor;
+        m_bPlacedAgain = false; // by now it is where the window manager has it
+        RequestCheck();
         DeliverKeys();
         return;
     }
@@ -393,10 +395,10 @@ void CInPlaceKeeper::Follow()
     {
         m_pEditor->setGeometry(m_geometry.translated(-m_overRect.topLeft()));
     }
-    else if (m_pEditor->geometry() != m_geometry && !m_bPlacedAgain)
+    else if (!InspectorQt::IsAt(m_pEditor, m_geometry) && !m_bPlacedAgain)
     {
         m_bPlacedAgain = true;
-        m_pEditor->setGeometry(m_geometry);
+        InspectorQt::PlaceAt(m_pEditor, m_geometry);
     }
 }
 

@@ -89,6 +89,31 @@ inline bool IsOnScreen(const QWidget* in_pWindow)
 #endif
 }
 
+/// Whether a window believes to be at a place. Qt may tell its widget one place and count from another, (0, 0) for
+/// instance, when the window manager has moved it twice.
+inline bool IsAt(const QWidget* in_pWindow, const QRect& in_place)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    if (in_pWindow->windowHandle() && in_pWindow->windowHandle()->geometry() != in_place)
+    {
+        return false;
+    }
+#endif
+    return in_pWindow->geometry() == in_place;
+}
+
+/// Puts both, widget and window, at a place.
+inline void PlaceAt(QWidget* in_pWindow, const QRect& in_place)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    if (QWindow* pWindow = in_pWindow->windowHandle())
+    {
+        pWindow->setGeometry(in_place);
+    }
+#endif
+    in_pWindow->setGeometry(in_place);
+}
+
 /// Activates a window. On Wayland that is not for a client to ask for: Qt 5 warns, and a pop-up gets the keys anyway.
 inline void Activate(QWidget* in_pWindow)
 {
