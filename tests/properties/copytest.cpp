@@ -95,50 +95,33 @@ private Q_SLOTS:
 
     void Pasted_data()
     {
+        const struct
+        {
+            const char* m_strName;
+            const char* m_strText;
+            const char* m_strRefused;
+            const char* m_strFirst; ///< the name in the first group
+            const char* m_strSecond;
+        } cases[] = {
+            {"nothing", "no values", "nothing", "other", "other"},
+            {"a line", "Name\tnew", "", "new", "other"},
+            {"of another program", "Name\tnew\r\nMode\tOn\r\n", "", "new", "other"},
+            {"under its title", "Inner\nName\tnew", "", "other", "new"},
+            {"under an unknown title", "Lamp\nName\tnew", "", "new", "other"},
+            {"twice", "Name\tone\nName\ttwo\nName\tthree", "Name", "one", "two"},
+            {"no such row", "Colour\tred\nName\tnew", "Colour", "new", "other"},
+            {"does not fit", "Factor\tlarge\nMode\tBlue\nFixed\t7\nName\tnew", "Factor Mode", "new", "other"},
+            {"JSON", R"({"Inner":{"Name":"new","Mode":null,"Factor":[1]}})", "Factor Mode", "other", "new"},
+            {"quote never closed", "Name\t\"new\nMode\tOn", "", "new\nMode\tOn", "other"},
+        };
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("refused");
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("second");
-        QTest::newRow("nothing") << "no values"
-                                 << "nothing"
-                                 << "other"
-                                 << "other";
-        QTest::newRow("a line") << "Name\tnew"
-                                << ""
-                                << "new"
-                                << "other";
-        QTest::newRow("of another program") << "Name\tnew\r\nMode\tOn\r\n"
-                                            << ""
-                                            << "new"
-                                            << "other";
-        QTest::newRow("under its title") << "Inner\nName\tnew"
-                                         << ""
-                                         << "other"
-                                         << "new";
-        QTest::newRow("under an unknown title") << "Lamp\nName\tnew"
-                                                << ""
-                                                << "new"
-                                                << "other";
-        QTest::newRow("twice") << "Name\tone\nName\ttwo\nName\tthree"
-                               << "Name"
-                               << "one"
-                               << "two";
-        QTest::newRow("no such row") << "Colour\tred\nName\tnew"
-                                     << "Colour"
-                                     << "new"
-                                     << "other";
-        QTest::newRow("does not fit") << "Factor\tlarge\nMode\tBlue\nFixed\t7\nName\tnew"
-                                      << "Factor Mode"
-                                      << "new"
-                                      << "other";
-        QTest::newRow("JSON") << R"({"Inner":{"Name":"new","Mode":null,"Factor":[1]}})"
-                              << "Factor Mode"
-                              << "other"
-                              << "new";
-        QTest::newRow("quote never closed") << "Name\t\"new\nMode\tOn"
-                                            << ""
-                                            << "new\nMode\tOn"
-                                            << "other";
+        for (const auto& row : cases)
+        {
+            QTest::newRow(row.m_strName) << row.m_strText << row.m_strRefused << row.m_strFirst << row.m_strSecond;
+        }
     }
 
     void Pasted()

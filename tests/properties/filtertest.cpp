@@ -91,30 +91,25 @@ private Q_SLOTS:
 
     void Words_data()
     {
+        const char* const cases[][3] = {
+            {"none", " ", "NBOR"},
+            {"label", "RIGHT", "B"},
+            {"value", "corner", "N"},
+            {"value with its unit", "40 %", "B"},
+            {"tip", "plan", "N"},
+            {"title", "door", "OR"},
+            {"words in different places", "ring door", "R"},
+            {"not only ASCII", "öff", "O"},
+            {"not across places", "namereading", ""},
+            {"one of two", "lamp bell", ""},
+            {"a letter before the word", "lllll", ""},
+        };
         QTest::addColumn<QString>("words");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("none") << " "
-                              << "NBOR";
-        QTest::newRow("label") << "RIGHT"
-                               << "B";
-        QTest::newRow("value") << "corner"
-                               << "N";
-        QTest::newRow("value with its unit") << "40 %"
-                                             << "B";
-        QTest::newRow("tip") << "plan"
-                             << "N";
-        QTest::newRow("title") << "door"
-                               << "OR";
-        QTest::newRow("words in different places") << "ring door"
-                                                   << "R";
-        QTest::newRow("not only ASCII") << "öff"
-                                        << "O";
-        QTest::newRow("not across places") << "namereading"
-                                           << "";
-        QTest::newRow("one of two") << "lamp bell"
-                                    << "";
-        QTest::newRow("a letter before the word") << "lllll"
-                                                  << "";
+        for (const auto& row : cases)
+        {
+            QTest::newRow(row[0]) << row[1] << row[2];
+        }
     }
 
     void Words()
