@@ -33,8 +33,7 @@ private Q_SLOTS:
 
     void Rules_data()
     {
-        QTest::addColumn<CPropertyAdapter>("adapter");
-        QTest::addColumn<QString>("page");
+        TestSupport::Columns<CPropertyAdapter, QString>("adapter", "page");
         const auto rule = [](const char* in_strName, const auto& in_say, const char* in_strPage) {
             CPropertyAdapter adapter;
             in_say(adapter);

@@ -114,10 +114,7 @@ private Q_SLOTS:
             {"JSON", R"({"Inner":{"Name":"new","Mode":null,"Factor":[1]}})", "Factor Mode", "other", "new"},
             {"quote never closed", "Name\t\"new\nMode\tOn", "", "new\nMode\tOn", "other"},
         };
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("refused");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("second");
+        TestSupport::Columns<QString, QString, QString, QString>("text", "refused", "name", "second");
         for (const auto& row : cases)
         {
             QTest::newRow(row.m_strName) << row.m_strText << row.m_strRefused << row.m_strFirst << row.m_strSecond;

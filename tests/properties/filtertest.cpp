@@ -104,8 +104,7 @@ private Q_SLOTS:
             {"one of two", "lamp bell", ""},
             {"a letter before the word", "lllll", ""},
         };
-        QTest::addColumn<QString>("words");
-        QTest::addColumn<QString>("shown");
+        TestSupport::Columns<QString, QString>("words", "shown");
         for (const auto& row : cases)
         {
             QTest::newRow(row[0]) << row[1] << row[2];

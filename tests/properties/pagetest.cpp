@@ -137,9 +137,7 @@ std::vector<sKeys> PageTest::Mouse()
 
 void PageTest::Worked_data()
 {
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("state");
+    TestSupport::Columns<QString, QString, QString>("rows", "script", "state");
     for (const std::vector<sKeys>& cases : {MovingAndTyping(), WorkingAndTab(), Mouse()})
     {
         for (const sKeys& keys : cases)
@@ -195,10 +193,7 @@ void PageTest::Deaths_data()
         CViewDriver::IsReal()
             ? std::vector<const char*>{"rebuild", "window"}
             : std::vector<const char*>{"rebuild", "object", "view", "window", "disable", "loop", "select"};
-    QTest::addColumn<QString>("place");
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("deed");
-    QTest::addColumn<QString>("written");
+    TestSupport::Columns<QString, QString, QString, QString>("place", "script", "deed", "written");
     for (const char* strPlace : {"setter", "about", "changed", "current", "link"})
     {
         for (const auto& end : ends)

@@ -81,10 +81,8 @@ private Q_SLOTS:
     /// The dialog has the keys that no edit wants.
     void KeysInDialog_data()
     {
-        QTest::addColumn<QString>("typed"); // on the text
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("closed");
+        // typed: on the text
+        TestSupport::Columns<QString, Qt::Key, QString, bool>("typed", "key", "text", "closed");
         QTest::newRow("Escape, nothing open") << "" << Qt::Key_Escape << "v" << true;
         QTest::newRow("Escape, edited") << "x" << Qt::Key_Escape << "v" << false;
         QTest::newRow("Enter, nothing open") << "" << Qt::Key_Return << "v" << false;

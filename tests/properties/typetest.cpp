@@ -76,11 +76,9 @@ struct sEdit
 
 void AddTypedColumns()
 {
-    QTest::addColumn<QVariant>("present");
-    QTest::addColumn<QVariant>("minimum");
-    QTest::addColumn<QVariant>("maximum");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("text"); // of the value; null for none
+    // text: of the value; null for none
+    TestSupport::Columns<QVariant, QVariant, QVariant, QString, QString>("present", "minimum", "maximum", "typed",
+                                                                         "text");
 }
 
 void Row(const char* in_strName, const QVariant& in_present, const char* in_strTyped, const char* in_strText,
@@ -137,8 +135,7 @@ void CTypeTest::cleanup()
 
 void CTypeTest::Numbers_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("text");
+    TestSupport::Columns<QVariant, QString>("value", "text");
     const double infinity = std::numeric_limits<double>::infinity();
 
     QTest::newRow("bool") << QVariant(true) << "true";
@@ -170,8 +167,7 @@ void CTypeTest::Numbers_data()
 
 void CTypeTest::Texts_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("text");
+    TestSupport::Columns<QVariant, QString>("value", "text");
     const QChar separator(QChar::LineSeparator);
     const QTimeZone zone("Europe/Berlin");
 
@@ -351,11 +347,8 @@ void CTypeTest::LocalesPoint()
 
 void CTypeTest::Steps_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QVariant>("step");
-    QTest::addColumn<QVariant>("maximum");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<QString>("text"); // null: no step
+    // text: null: no step
+    TestSupport::Columns<QVariant, QVariant, QVariant, int, QString>("value", "step", "maximum", "steps", "text");
     const QVariant none;
     QTest::newRow("whole") << QVariant(5) << none << none << -7 << "-2";
     QTest::newRow("whole, of five") << QVariant(5) << QVariant(5) << QVariant(12) << 2 << "12";
@@ -388,10 +381,8 @@ void CTypeTest::Steps()
 
 void CTypeTest::Parts_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("labels");
-    QTest::addColumn<QVariant>("part"); // put in as the last
-    QTest::addColumn<QString>("text");
+    // part: put in as the last
+    TestSupport::Columns<QVariant, QString, QVariant, QString>("value", "labels", "part", "text");
     const int iMost = std::numeric_limits<int>::max();
     QTest::newRow("point") << QVariant(QPoint(1, 2)) << "x y" << QVariant(-3) << "1, -3";
     QTest::newRow("real point") << QVariant(QPointF(.5, 2)) << "x y" << QVariant(1e9) << "0.5, 1000000000";
@@ -433,11 +424,8 @@ void CTypeTest::Parts()
 
 void CTypeTest::Edits_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("editor");
-    QTest::addColumn<QString>("keys"); // a key each, or a text in quotes
-    QTest::addColumn<QVariant>("edited");
-    QTest::addColumn<int>("changes");
+    // keys: a key each, or a text in quotes
+    TestSupport::Columns<QVariant, int, QString, QVariant, int>("value", "editor", "keys", "edited", "changes");
     const int iPlain = sPropertyFormat::eByType;
     const QVariant text("abc");
     QTest::newRow("number typed") << QVariant(5) << iPlain << "Ctrl+A '2*(3+1)'" << QVariant(8) << 0;

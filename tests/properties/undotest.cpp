@@ -314,9 +314,7 @@ void UndoTest::Steps_data()
         {"something else meanwhile", "value: F2 Down !push Down Return", "value other value"},
         {"saved meanwhile", "value: F2 Down !saved Down Return", "value value"},
     };
-    QTest::addColumn<int>("things");
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("steps");
+    TestSupport::Columns<int, QString, QString>("things", "script", "steps");
     for (const auto& row : cases)
     {
         QTest::newRow(row.m_strName) << 1 << row.m_strScript << row.m_strSteps;
@@ -348,9 +346,7 @@ void UndoTest::Steps()
 /// Where the application is called while something is done, and what it does there.
 void UndoTest::Deaths_data()
 {
-    QTest::addColumn<QString>("place");
-    QTest::addColumn<QString>("deed");
-    QTest::addColumn<QString>("script");
+    TestSupport::Columns<QString, QString, QString>("place", "deed", "script");
     for (const char* strPlace : {"setter", "changed", "index"})
     {
         for (const char* strDeed : {"rebuild", "clear", "object", "view"})
@@ -441,10 +437,7 @@ void UndoTest::Several_data()
         {"box", "box: Space", "box", true, true},
         {"one is gone", "!dies text: F2 x Return", "text", "x", QVariant()},
     };
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<QVariant>("first");
-    QTest::addColumn<QVariant>("second");
+    TestSupport::Columns<QString, QString, QVariant, QVariant>("script", "row", "first", "second");
     for (const auto& row : cases)
     {
         QTest::newRow(row.m_strName) << row.m_strScript << row.m_strRow << row.m_first << row.m_second;
@@ -498,10 +491,7 @@ void UndoTest::Modified_data()
         {"first values, filled anew", CPropertyPage::eFirstValues, "value: F2 9 Return !rebuild", "", 9},
         {"first values, stepped", CPropertyPage::eFirstValues, "value: F2 Down", "value", 39},
     };
-    QTest::addColumn<int>("against");
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("modified");
-    QTest::addColumn<int>("value");
+    TestSupport::Columns<int, QString, QString, int>("against", "script", "modified", "value");
     for (const auto& row : cases)
     {
         QTest::newRow(row.m_strName) << int(row.m_eAgainst) << row.m_strScript << row.m_strModified << row.m_iValue;

@@ -32,6 +32,13 @@
 
 namespace TestSupport
 {
+/// The columns of a test's table: Columns<QString, int>("words", "count").
+template <class... Values, class... Names> void Columns(Names... in_names)
+{
+    const int indices[] = {(QTest::addColumn<Values>(in_names), 0)...};
+    Q_UNUSED(indices);
+}
+
 inline QString Latin(const std::string& in_strBytes)
 {
     return QString::fromLatin1(in_strBytes.c_str());

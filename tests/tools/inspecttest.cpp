@@ -134,9 +134,7 @@ private slots:
 
     void Filter_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<bool>("found");
+        TestSupport::Columns<QString, int, bool>("typed", "column", "found");
 
         QTest::newRow("class") << "pushbut" << 1 << true;
         QTest::newRow("class, not in names") << "pushbut" << 2 << false;
