@@ -355,7 +355,11 @@ bool CViewKeyboard::GiveFocus(QWidget* in_pTaker, bool in_bForward)
 
 void CViewKeyboard::MoveEditing(CInspectorDataWidget* in_pWidget, bool in_bForward)
 {
-    const int iRow = m_pRows->IndexOf(dynamic_cast<QWidget*>(in_pWidget));
+    const std::vector<sRow>& rows = m_pRows->All();
+    const auto row = std::find_if(rows.begin(), rows.end(), [in_pWidget](const sRow& in_row) {
+        return in_row.holder->widget == in_pWidget; // which may have died of the report
+    });
+    const int iRow = row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
     const QPointer<QWidget> pStop = iRow < 0 ? nullptr : FindStop(iRow, in_bForward);
     if (iRow >= 0)
     {
