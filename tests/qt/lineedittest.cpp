@@ -28,6 +28,18 @@ public:
             QEvent event(QEvent::Shortcut);
             QCoreApplication::sendEvent(&m_window, &event);
         };
+        m_acts["look"] = [this](int) {
+            m_pView->setFont(QFont(QLatin1String("DejaVu Sans"), 14));
+            m_pView->setPalette(QPalette(Qt::darkGreen));
+            m_pView->setLayoutDirection(Qt::RightToLeft);
+        };
+        m_acts["alike"] = [this](int in_iRow) {
+            const QWidget* pRow = WidgetAt<QWidget>(in_iRow);
+            const bool bText = Editor()->font().pointSize() == pRow->font().pointSize();
+            const bool bColours = Editor()->palette().color(QPalette::Base) == pRow->palette().color(QPalette::Base);
+            const bool bSide = Editor()->layoutDirection() == pRow->layoutDirection();
+            m_log.Note(eCommand, bText && bColours && bSide ? "alike" : "other");
+        };
         m_acts["slow"] = [this](int) { BeSlow(); };
         m_acts["finish"] = [this](int) { m_pView->FinishEditing(); };
         m_acts["edit"] = [this](int in_iRow) { WidgetAt<CQTSimpleDataWidget>(in_iRow)->StartEditing(); };
@@ -349,6 +361,7 @@ void LineEditTest::Editing_data()
         {"keys after a Tab onto a box", "LB", "beside click0 x Tab space Down beside", "0=x 0:2"},
         {"Alt types nothing", "LL", "click0 x alt+y Return", "0=x 0:1", eX11 | eWayland},
         {"a shortcut gets what was typed", "LT", "click0 x shortcut click1 y shortcut z shortcut", "0=x 0:4 1=y 1=yz"},
+        {"looks like its row", "LL", "look click0 alike0", "alike @0=v"},
         {"view disabled", "LL", "click0 x disable", "0=x 0:4"},
         {"only the edge was in sight", "LLLLLLLLLLLL", "edge edit0 scroll", "0:4"},
         {"row removed", "LL", "click0 x remove0", "0-"},

@@ -6,6 +6,7 @@
 
 #include <QBasicTimer>
 #include <QObject>
+#include <QPalette>
 #include <QPointer>
 #include <QRect>
 #include <QWidget>
@@ -169,8 +170,15 @@ private:
 inline void TakeLook(QWidget* in_pEditor, const QWidget* in_pOver)
 {
     in_pEditor->setFont(in_pOver->font());
-    in_pEditor->setPalette(in_pOver->palette());
     in_pEditor->setLayoutDirection(in_pOver->layoutDirection());
+    QPalette palette; // brush by brush: what the widget has from those around would not count as given
+    for (int i = 0; i < QPalette::NColorGroups * QPalette::NColorRoles; ++i)
+    {
+        const auto eGroup = static_cast<QPalette::ColorGroup>(i / QPalette::NColorRoles);
+        const auto eRole = static_cast<QPalette::ColorRole>(i % QPalette::NColorRoles);
+        palette.setBrush(eGroup, eRole, in_pOver->palette().brush(eGroup, eRole));
+    }
+    in_pEditor->setPalette(palette);
 }
 
 /// A rectangle of a widget in global coordinates.
