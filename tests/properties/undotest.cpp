@@ -254,6 +254,242 @@ struct sBench
     QPointer<CThing> first = ownFirst.get();
     QPointer<CThing> second = ownSecond.get();
 };
+
+/// Somebody who works the page at random, beside a model: an act changes no other row than those that it is about, what
+/// was typed is not lost, and each index of the stack has the values that were when it was there.
+struct sUser : sBench
+{
+    typedef QMap<QString, QByteArray> tValues; ///< by the number of the thing and the name of the property
+
+    sUser(unsigned in_uSeed, std::map<QString, int>& io_seen)
+        : sBench(1 + in_uSeed % 2),
+          random(in_uSeed),
+          seen(io_seen)
+    {
+        view->Page().SetModifiedAgainst(CPropertyPage::eModifiedAgainst(in_uSeed % 3));
+        QObject::connect(stack, &QUndoStack::indexChanged, stack, [this] { Record(); });
+        states.push_back(Values());
+    }
+
+    int Pick(int in_iCount) { return static_cast<int>(random() % static_cast<unsigned>(in_iCount)); }
+
+    tValues Values() const
+    {
+        tValues values;
+        for (const CThing* pThing : {first.data(), second.data()})
+        {
+            for (int i = CThing::staticMetaObject.propertyOffset(); pThing && i < pThing->metaObject()->propertyCount();
+                 ++i)
+            {
+                const QMetaProperty property = pThing->metaObject()->property(i);
+                const QVariant value = property.read(pThing);
+                QDataStream stream(&values[QString::number(pThing == second) + property.name()], QIODevice::WriteOnly);
+                stream << value.toString() << value.toInt() << value.toPointF();
+            }
+        }
+        return values;
+    }
+
+    /// What is another value, of things that are alive.
+    static QStringList Differing(const tValues& in_values, const tValues& in_others)
+    {
+        QStringList names;
+        for (auto it = in_values.begin(); it != in_values.end(); ++it)
+        {
+            const bool bSame = !in_others.contains(it.key()) || in_others[it.key()] == *it;
+            bSame ? names : names << it.key().mid(1);
+        }
+        return names;
+    }
+
+    QString CurrentName() const
+    {
+        const tPropertyPtr pProperty = view ? view->CurrentRow().Property() : nullptr;
+        return pProperty ? pProperty->Name() : QString();
+    }
+
+    QString NameAt(const QPoint& in_place) const
+    {
+        for (const char* strRow : {"text", "limit", "value", "even", "real", "box", "place", "sides"})
+        {
+            const QRect value = view->ValueRect(Row(strRow));
+            const int iY = in_place.y() - view->y();
+            if (!value.isEmpty() && value.top() <= iY && iY <= value.bottom())
+            {
+                return strRow;
+            }
+        }
+        return QString();
+    }
+
+    QWidget* Editor() const
+    {
+        const QList<QWidget*> all = view ? Area()->findChildren<QWidget*>() : QList<QWidget*>();
+        const auto isEditor = [](const QWidget* in_p) { return in_p->inherits("QLineEdit") && in_p->isVisible(); };
+        const auto it = std::find_if(all.begin(), all.end(), isEditor);
+        return it == all.end() ? nullptr : *it;
+    }
+
+    void Record()
+    {
+        const auto iIndex = stack->index();
+        if (!undoing && !stack->canRedo() && iIndex > 0)
+        {
+            states.resize(static_cast<std::size_t>(iIndex), states.back());
+            states.push_back(Values());
+        }
+    }
+
+    void Call(int in_iCall)
+    {
+        const std::function<void()> calls[] = {
+            [this] { Act("rebuild"); },
+            [this] { view->ShowObject(second); },
+            [this] { view->SetFilter(Pick(2) ? "e" : ""); },
+            [this] { view->ExpandAll(Pick(3)); },
+            [this] { view->Page().Refresh(); },
+            [this] { ownFirst.reset(); },
+            [this] { Act("clear"); },
+            [this] { delete view; },
+            [this] { view->TakeOver(); },
+            [this] { view->TakeOver(), GoTo("text"); }, // first: Qt does not stand it when what gets the focus goes
+            [this] { view->TakeOver(), GoTo("value"); },
+            [this] { undoing = (stack->undo(), true); },
+        };
+        program << QString("call %1").arg(in_iCall);
+        view ? calls[in_iCall]() : void();
+    }
+
+    void Key()
+    {
+        const char* const keys[] = {"Tab",    "Shift+Tab", "Up",     "Down",   "Left",  "Right",  "Home",
+                                    "End",    "Escape",    "Return", "Return", "Space", "Delete", "F2",
+                                    "Ctrl+V", "Backspace", "Ctrl+F", "Ctrl+A", "F4",    "F4"};
+        const int iKey = Pick(40);
+        QWindow* pFocus = QGuiApplication::focusWindow();
+        program << (iKey < 20 ? QString(keys[iKey]) : QString("abx0123456789").mid(iKey % 13, 1));
+        pFocus = pFocus ? pFocus : window.windowHandle();
+        anywhere = anywhere || (program.last() == "Ctrl+V" && CurrentName().isEmpty()); // on a title
+        iKey < 20 ? QTest::keySequence(pFocus, QKeySequence(keys[iKey]))
+                  : QTest::keyClick(pFocus, program.last().at(0).toLatin1());
+    }
+
+    void Click(const QPoint& in_place)
+    {
+        const Qt::MouseButton eButton = Pick(8) ? Qt::LeftButton : Qt::RightButton;
+        program << QString("press %1").arg(NameAt(in_place));
+        QTest::mousePress(window.windowHandle(), eButton, Qt::NoModifier, in_place);
+        Pick(5) ? void() : QTest::mouseMove(window.windowHandle(), QPoint(Pick(window.width()), in_place.y()));
+        QTest::mouseRelease(window.windowHandle(), eButton, Qt::NoModifier, in_place);
+    }
+
+    /// Does something; what is wrong then, empty for nothing.
+    QString Fault()
+    {
+        const QPoint place(Pick(window.width()), Pick(window.height()));
+        const int iKind = Pick(23);
+        anywhere = QApplication::activePopupWidget(); // a menu may paste into all rows
+        QTimer::singleShot(0, &window, [] {
+            const bool bLoop = QThread::currentThread()->loopLevel() > 0; // some of Qt's menus run one
+            bLoop&& QApplication::activePopupWidget() ? void(QApplication::activePopupWidget()->close()) : void();
+        });
+        undoing = false;
+        const tValues before = Values();
+        QStringList rows{edited.row, CurrentName(), iKind < 6 ? NameAt(place) : QString()};
+        const QString strHeld = edited.editor ? edited.editor->property("text").toString() : QString();
+        first&& iKind == 0 ? void(first->m_hook = [this, iCall = Pick(8)] { Call(iCall); }) : void();
+        iKind < 6                 ? Click(place)
+        : iKind < 18              ? Key()
+        : iKind < 20 || !anywhere ? Call(iKind < 20 ? Pick(12) : 9)
+                                  : void();
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        rows << CurrentName() << (rows.contains("limit") || CurrentName() == "limit" ? "value" : "");
+        const QString strFault = Compare(before, rows) + Ended(strHeld);
+        FindEdit();
+        return strFault;
+    }
+
+    QString Compare(const tValues& in_before, const QStringList& in_rows)
+    {
+        const QStringList changed = Differing(in_before, Values());
+        for (const QString& strRow : undoing || anywhere ? QStringList() : changed)
+        {
+            if (!in_rows.contains(strRow))
+            {
+                return "misdirected: " + strRow + "; ";
+            }
+        }
+        seen["written"] += !undoing && !changed.isEmpty();
+        seen["undone"] += undoing && !changed.isEmpty();
+        changed.isEmpty() ? void() : Record();
+        const std::size_t uIndex = static_cast<std::size_t>(stack->index());
+        states.resize(std::max(states.size(), uIndex + 1), states.back());
+        const QStringList wrong = Differing(states[uIndex], Values());
+        return wrong.isEmpty() ? QString()
+                               : QString("not as it was at index %1 of %2: ").arg(stack->index()).arg(stack->count()) +
+                                     wrong.join(' ') + "; ";
+    }
+
+    /// An edit of a text gives what was typed to all things, or what they were.
+    QString Ended(const QString& in_strHeld)
+    {
+        if (edited.row != "text" || (Editor() && Editor() == edited.editor) || !view)
+        {
+            return QString();
+        }
+        const bool bBack = program.last() == "Escape";
+        const bool bUntouched = in_strHeld == edited.text;
+        seen[bBack ? "escaped" : "taken over"] += !bUntouched;
+        for (CThing* pThing : {first.data(), second.data()})
+        {
+            const QString strText = pThing ? pThing->property("text").toString() : QString();
+            const QString strDue = bBack ? edited.before.value(pThing) : in_strHeld;
+            if (pThing && edited.before.contains(pThing) && !bUntouched && !edited.undone && strText != strDue)
+            {
+                return "lost: " + strDue + " is " + strText + "; ";
+            }
+        }
+        return QString();
+    }
+
+    void FindEdit()
+    {
+        QWidget* pEditor = Editor();
+        edited.undone = edited.undone || undoing;
+        if (pEditor && pEditor == edited.editor)
+        {
+            return;
+        }
+        edited = sEdited();
+        edited.editor = pEditor;
+        edited.row = pEditor ? CurrentName() : QString();
+        const CPropertyRow row = pEditor ? view->CurrentRow() : CPropertyRow();
+        for (CProperty* pProperty : row.Property() ? row.Property()->Members() : std::vector<CProperty*>())
+        {
+            edited.before[pProperty->Object()] = pProperty->Read().toString();
+        }
+        edited.text = row.Property() && !row.Property()->IsMixed() ? row.Property()->Read().toString() : QString();
+    }
+
+    /// An edit, as its editor was first seen.
+    struct sEdited
+    {
+        QPointer<QWidget> editor;
+        QString row;
+        QString text;                   ///< in the editor before anything is typed
+        QMap<QObject*, QString> before; ///< what the things have
+        bool undone = false;            ///< something was undone meanwhile
+    };
+
+    std::minstd_rand random;
+    sEdited edited;
+    bool undoing = false;
+    bool anywhere = false;       ///< any row may get another value
+    std::vector<tValues> states; ///< by index of the stack
+    QStringList program;
+    std::map<QString, int>& seen;
+};
 } // namespace
 
 class UndoTest : public QObject
@@ -264,6 +500,7 @@ private slots:
     void initTestCase() { TestSupport::FailOnWarnings(); }
     void Steps_data();
     void Steps();
+    void RandomUser();
     void Deaths_data();
     void Deaths();
     void Keys();
@@ -308,6 +545,7 @@ void UndoTest::Steps_data()
         {"cleared", "value: F2 7 Return !clear", "value"},
         {"undone", "value: F2 7 Return !undo text: F2 x Return", "text"},
         {"undone under an open edit", "value: F2 Down !undo Down Return", "value"},
+        {"undone under what is typed", "value: F2 7 Return limit: F2 5 !undo !clear", "limit"},
         {"undone under an open edit, then Escape", "text: F2 x Return value: F2 Down !undo Escape !undo !redo",
          "text value"},
         {"something else meanwhile", "value: F2 Down !push Down Return", "value other value"},
@@ -340,6 +578,31 @@ void UndoTest::Steps()
     QCOMPARE(bench.Bytes(), first);
     bench.RedoAll();
     QCOMPARE(bench.Bytes(), last);
+}
+
+/// Whatever is done in whatever order: RANDOM_USER_EVENTS says how often, RANDOM_USER_SEED begins elsewhere.
+void UndoTest::RandomUser()
+{
+    const int iSeed = qEnvironmentVariableIntValue("RANDOM_USER_SEED");
+    const int iEvents = qMax(4000, qEnvironmentVariableIntValue("RANDOM_USER_EVENTS"));
+    std::map<QString, int> seen;
+    for (int i = 0; i < iEvents / 100; ++i)
+    {
+        sUser user(static_cast<unsigned>(iSeed + i), seen);
+        QVERIFY(user.Open());
+        for (int iEvent = 0; iEvent < 100 && user.view; ++iEvent)
+        {
+            const QString strFault = user.Fault();
+            QVERIFY2(strFault.isEmpty(), qPrintable(QString("life %1: ").arg(i) + strFault + user.program.join(" | ")));
+        }
+        user.view ? user.view->TakeOver() : void();
+        user.UndoAll();
+        QVERIFY2(sUser::Differing(user.states[0], user.Values()).isEmpty(), qPrintable(user.program.join(" | ")));
+    }
+    for (const char* strWhat : {"written", "taken over", "escaped", "undone"})
+    {
+        QVERIFY2(seen[strWhat] > 0, strWhat);
+    }
 }
 
 /// Where the application is called while something is done, and what it does there.
