@@ -123,8 +123,16 @@ bool CPropertyView::IsFilterVisible() const
     return !m_pFilterLine->isHidden();
 }
 
+/// What is typed is taken over first: it may be the end of the view, which Qt does not stand of a widget that it is
+/// giving the focus to.
 void CPropertyView::EnterFilter()
 {
+    const QPointer<CPropertyView> self(this);
+    m_pArea->TakeOver();
+    if (!self)
+    {
+        return;
+    }
     m_pFilterLine->show();
     m_pFilterLine->setFocus(Qt::ShortcutFocusReason);
     m_pFilterLine->selectAll();
