@@ -366,9 +366,8 @@ struct sUser : sBench
                                     "End",    "Escape",    "Return", "Return", "Space", "Delete", "F2",
                                     "Ctrl+V", "Backspace", "Ctrl+F", "Ctrl+A", "F4",    "F4"};
         const int iKey = Pick(40);
-        QWindow* pFocus = QGuiApplication::focusWindow();
+        QWindow* pFocus = window.windowHandle(); // a pop-up's may go with the press of a key
         program << (iKey < 20 ? QString(keys[iKey]) : QString("abx0123456789").mid(iKey % 13, 1));
-        pFocus = pFocus ? pFocus : window.windowHandle();
         anywhere = anywhere || (program.last() == "Ctrl+V" && CurrentName().isEmpty()); // on a title
         iKey < 20 ? QTest::keySequence(pFocus, QKeySequence(keys[iKey]))
                   : QTest::keyClick(pFocus, program.last().at(0).toLatin1());
