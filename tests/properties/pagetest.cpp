@@ -119,7 +119,8 @@ std::vector<sKeys> PageTest::Mouse()
         {"click on another widget", "TT", "click0 x leave", "0=x @0 after"},
         {"right click takes over and opens the menu", "TT", "click0 x right1", "0=x @1 list"},
         {"click on what is elsewhere then", "TBBB", "shift0 click0 x click2", "0=x"},
-        {"the menu's key takes over", "L", "Down x shift+F10", "0=vx @0 list"},
+        // A compositor closes a menu that was opened by keys in a hurry.
+        {"the menu's key takes over", "L", "Down x shift+F10", "0=vx @0 list", eSent},
         {"click on a box", "TB", "click0 x click1", "0=x 1=true @1"},
         {"click on a command", "TC", "click0 x middle1", "0=x 1! @1"},
         {"click on a choice", "TE", "click0 x click1", "0=x @1 list"},

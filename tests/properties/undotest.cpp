@@ -396,6 +396,9 @@ struct sUser : sBench
         const tValues before = Values();
         QStringList rows{edited.row, CurrentName(), iKind < 6 ? NameAt(place) : QString()};
         const QString strHeld = edited.editor ? edited.editor->property("text").toString() : QString();
+        const QRect value = view && iKind < 6 ? view->ValueRect(Row(edited.row)) : QRect();
+        const bool bReset = !value.isEmpty() && NameAt(place) == edited.row && place.x() > view->x() + value.right();
+        edited.undone = edited.undone || bReset; // by the button beside it
         first&& iKind == 0 ? void(first->m_hook = [this, iCall = Pick(8)] { Call(iCall); }) : void();
         iKind < 6                 ? Click(place)
         : iKind < 18              ? Key()

@@ -45,7 +45,16 @@ public:
     {
         const bool bShown = TestSupport::ShowWindow(m_pWindow);
         m_pView->setFocus();
-        return bShown && TestSupport::WaitUntil([this] { return IsIn(QApplication::focusWidget(), m_pView); });
+        return bShown && TestSupport::WaitUntil([this] { return IsIn(QApplication::focusWidget(), m_pView); }) &&
+               (!IsReal() || TestSupport::WaitUntil([this] { return GetsKeys(); }));
+    }
+
+    /// Qt may take a window for active before its keys come.
+    bool GetsKeys()
+    {
+        Drive({"key", "Shift_L"});
+        QCoreApplication::processEvents();
+        return m_bGetsKeys;
     }
 
     /// Fills the page of a view.
@@ -152,6 +161,7 @@ public:
         const bool bKey = in_pEvent->type() == QEvent::KeyRelease;
         const int iKey = bKey ? static_cast<QKeyEvent*>(in_pEvent)->key() : 0;
         m_iReleases += in_pEvent->spontaneous() && bKey && iKey != Qt::Key_Shift && iKey != Qt::Key_Control;
+        m_bGetsKeys = m_bGetsKeys || (in_pEvent->spontaneous() && bKey);
         m_iClicks += in_pEvent->spontaneous() && in_pEvent->type() == QEvent::MouseButtonRelease;
         return false;
     }
@@ -371,6 +381,7 @@ private:
 
     int m_iReleases = 0;
     int m_iClicks = 0;
+    bool m_bGetsKeys = false;
 };
 
 #endif
