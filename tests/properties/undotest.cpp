@@ -354,10 +354,21 @@ struct sUser : sBench
             [this] { view->TakeOver(); },
             [this] { view->TakeOver(), GoTo("text"); }, // first: Qt does not stand it when what gets the focus goes
             [this] { view->TakeOver(), GoTo("value"); },
-            [this] { undoing = (stack->undo(), true); },
+            [this] { Undo(); },
         };
         program << QString("call %1").arg(in_iCall);
         view ? calls[in_iCall]() : void();
+    }
+
+    /// A setter that ended the page would have what is typed taken over within, which is then no step.
+    void Undo()
+    {
+        if (first && Editor())
+        {
+            first->m_hook = nullptr;
+        }
+        stack->undo();
+        undoing = true;
     }
 
     void Key()
