@@ -176,7 +176,6 @@ void InspectorViewTest::WheelScrolls()
     }
 }
 
-/// What the right button does on a row reaches it whole; none of it while another widget has the mouse.
 void InspectorViewTest::MirroredValuesAreWhole()
 {
     CTestPage page;
@@ -203,6 +202,7 @@ void InspectorViewTest::MirroredValuesAreWhole()
     QVERIFY2(qAbs(columns[1] - columns[0]) <= 1, qPrintable(QString::number(columns[1] - columns[0])));
 }
 
+/// What the right button does on a row reaches it whole; none of it while another widget has the mouse.
 void InspectorViewTest::RightButton()
 {
     CTestPage page;
