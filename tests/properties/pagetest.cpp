@@ -116,6 +116,7 @@ std::vector<sKeys> PageTest::Mouse()
         {"click edits", "TT", "click1 x Return", "1=x @1"},
         {"click elsewhere takes over", "TT", "click0 x click1", "0=x @1[v]"},
         {"click on a label takes over", "TT", "click0 x label1", "0=x @1"},
+        {"click on a widget among the rows, then on a row", "TWT", "click0 x click1 click2 y Return", "0=x 2=y @2"},
         {"click on another widget", "TT", "click0 x leave", "0=x @0 after"},
         {"right click takes over and opens the menu", "TT", "click0 x right1", "0=x @1 list"},
         {"click on what is elsewhere then", "TBBB", "shift0 click0 x click2", "0=x"},

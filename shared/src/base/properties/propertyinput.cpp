@@ -71,7 +71,10 @@ void CPropertyArea::Follow(const sPropertyItem& in_item)
 void CPropertyArea::TakeOverForPress(const QPoint& in_global)
 {
     const QPointer<CPropertyArea> self(this);
-    const tItemPtr pAimed = HitAt(mapFromGlobal(in_global)).item;
+    const QPoint place = mapFromGlobal(in_global);
+    const QWidget* pChild = childAt(place); // what has presses of its own is no concern of the rows
+    const bool bOnRows = rect().contains(place) && (!pChild || pChild == m_pContentWidget);
+    const tItemPtr pAimed = bOnRows ? HitAt(place).item : nullptr;
     const QStringList aimed = pAimed ? PathOf(*pAimed) : QStringList();
     TakeOver();
     self ? void(m_aimed = aimed) : void();
