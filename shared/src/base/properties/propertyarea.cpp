@@ -23,7 +23,6 @@ QString NameOf(const sPropertyItem& in_item)
 {
     return in_item.property ? in_item.property->Name() : in_item.label;
 }
-
 } // namespace
 
 CPropertyArea::CPropertyArea(CPropertyRows& in_rows)
@@ -69,8 +68,8 @@ void CPropertyArea::Measure()
     m_iRowHeight = fontMetrics().height() + 6;
     m_iIndent = fontMetrics().height() * 3 / 4;
     m_pScrollBar->setSingleStep(m_iRowHeight);
-    const QColor text = palette().color(QPalette::Text);
     m_boxes.clear();
+    const QColor text = palette().color(QPalette::Text);
     m_gridColour = QColor(text.red(), text.green(), text.blue(), 40);
 }
 
@@ -129,6 +128,7 @@ QStringList CPropertyArea::PathOf(const sPropertyItem& in_item)
     }
     return path;
 }
+
 /// A page that is made anew, for instance by the setter that an edit called, goes on where it was.
 void CPropertyArea::FindCurrentAgain()
 {
