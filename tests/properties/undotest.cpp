@@ -678,7 +678,7 @@ void UndoTest::Keys()
     const QByteArray last = bench.Bytes();
     bench.Do("text: F2 x Return box: Ctrl+Z");
     QCOMPARE(bench.view->CurrentRow().Property()->Name(), "text"); // it is to be seen
-    bench.Do("Ctrl+Z Ctrl+Shift+Z");
+    bench.Do("Ctrl+Z value: F2 Ctrl+Shift+Z F2 Up Ctrl+Z");
     QCOMPARE(bench.Bytes(), last);
     QCOMPARE(own.index(), 1);
     bench.view->SetUndoStack(nullptr);

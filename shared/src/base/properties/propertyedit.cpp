@@ -6,6 +6,7 @@
 #include "propertytype.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -31,6 +32,32 @@ QVariant Edited(const CProperty& in_own, const CPropertyType& in_type, int in_iP
         return (in_own.Read().toInt() & ~iToggled) | (in_now.toInt() & iToggled);
     }
     return PropertiesQt::Converted(in_now, in_own.Type());
+}
+
+/// The line in which a widget's value is typed; null: none.
+const QLineEdit* LineOf(const QWidget& in_widget)
+{
+    const auto* pList = qobject_cast<const QComboBox*>(&in_widget);
+    const bool bNumber = qobject_cast<const QAbstractSpinBox*>(&in_widget);
+    const auto* pLine = bNumber ? in_widget.findChild<QLineEdit*>() : qobject_cast<const QLineEdit*>(&in_widget);
+    return pList ? pList->lineEdit() : pLine;
+}
+
+/// Whether a key means to undo or redo what was written: an editor has nothing typed to be undone.
+bool IsUndoOfOthers(const QWidget& in_editor, const QKeyEvent& in_event)
+{
+    const bool bUndo = in_event.matches(QKeySequence::Undo);
+    if (!bUndo && !in_event.matches(QKeySequence::Redo))
+    {
+        return false;
+    }
+    if (const auto* pLong = qobject_cast<const QPlainTextEdit*>(&in_editor))
+    {
+        return !(bUndo ? pLong->document()->isUndoAvailable() : pLong->document()->isRedoAvailable());
+    }
+    const QLineEdit* pLine = LineOf(in_editor);
+    return pLine ? !(bUndo ? pLine->isUndoAvailable() : pLine->isRedoAvailable())
+                 : qobject_cast<const QComboBox*>(&in_editor) != nullptr;
 }
 } // namespace
 
@@ -250,6 +277,12 @@ bool CPropertyEdit::eventFilter(QObject* in_pObject, QEvent* in_pEvent)
     const auto* pWidget = qobject_cast<QWidget*>(in_pObject);
     const bool bOwn = pWidget && IsOwn(pWidget);
     const bool bOwnKeys = bOwn && pWidget->window() == m_pArea->window();
+    if (bOwnKeys && (in_pEvent->type() == QEvent::ShortcutOverride || in_pEvent->type() == QEvent::KeyPress) &&
+        IsUndoOfOthers(*pWidget, *static_cast<QKeyEvent*>(in_pEvent)))
+    {
+        in_pEvent->ignore(); // goes on to the page, or to a shortcut of the application's
+        return true;
+    }
     switch (in_pEvent->type())
     {
     case QEvent::ShortcutOverride:

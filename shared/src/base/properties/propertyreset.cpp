@@ -68,6 +68,12 @@ bool CPropertyArea::UndoKey(const QKeyEvent& in_event) const
 
 void CPropertyArea::UndoOrRedo(const QKeyEvent& in_event)
 {
-    QUndoStack& stack = *m_rows.Undo().Stack();
-    in_event.matches(QKeySequence::Undo) ? stack.undo() : stack.redo();
+    const QPointer<CPropertyArea> self(this);
+    const bool bUndo = in_event.matches(QKeySequence::Undo);
+    TakeOver();
+    QUndoStack* pStack = self ? m_rows.Undo().Stack() : nullptr;
+    if (pStack)
+    {
+        bUndo ? pStack->undo() : pStack->redo();
+    }
 }
