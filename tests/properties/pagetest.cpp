@@ -51,6 +51,8 @@ std::vector<sKeys> PageTest::MovingAndTyping()
         {"F2 edits, Escape leaves", "TT", "Down F2 x Escape", "@0"},
         {"Enter of the keypad", "T", "Down KP_Enter x KP_Enter", "0=x @0"},
         {"nothing changed, nothing written", "TN", "Down Return Tab Return", "@1"},
+        {"Down leaves a text", "TT", "Down x Down", "0=x @1"},
+        {"Home leaves flags", "TF", "Down Tab Home", "@0"},
         {"typing on a text", "T", "Down x y z Return", "0=xyz @0"},
         {"typing on a number", "N", "Down 4 2 Return", "0=42 @0"},
         {"an expression", "N", "Down 2 * 3 * 2 Return", "0=12 @0"},

@@ -339,8 +339,16 @@ bool CPropertyArea::IsCommand(const QKeyEvent& in_event)
     return eModifiers && !bWrites;
 }
 
+/// Of the keys that lead elsewhere an open editor takes those that it has a use for; any other ends its edit.
 bool CPropertyArea::Navigate(int in_iKey)
 {
+    const QPointer<CPropertyArea> self(this);
+    const bool bLeads = in_iKey >= Qt::Key_Home && in_iKey <= Qt::Key_PageDown;
+    bLeads ? TakeOver() : void();
+    if (!bLeads || !self)
+    {
+        return bLeads;
+    }
     const int iPage = std::max(1, height() / m_iRowHeight - 1);
     const int iAll = static_cast<int>(Shown().size());
     const bool bRightToLeft = layoutDirection() == Qt::RightToLeft;
