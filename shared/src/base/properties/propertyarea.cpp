@@ -305,12 +305,12 @@ void CPropertyArea::SetLabelColumn(int in_iWidth)
     update();
 }
 
-/// How wide the labels are. Measuring each would be most of what a page of ten thousand rows costs, so that normally
-/// only the labels with the most letters are measured.
+/// How wide the labels are: exactly those shown, or all, also those folded away or left out. Measuring each would be most
+/// of what a page of ten thousand rows costs, so that of all only the labels with the most letters are measured.
 int CPropertyArea::FittingColumn(bool in_bExact) const
 {
     std::vector<const sPropertyItem*> rows;
-    for (const tItemPtr& pItem : m_shown)
+    for (const tItemPtr& pItem : in_bExact ? m_shown : m_rows.Items())
     {
         if (pItem->kind != sPropertyItem::eGroup)
         {

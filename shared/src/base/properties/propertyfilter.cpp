@@ -264,10 +264,10 @@ void CPropertyArea::PlaceFiltered()
         std::find_if(places.begin(), places.end(), [](const auto& in_p) { return in_p.first->height > 0; });
     if (!m_filter.IsOn() && m_beforeFilter.lock() == Current())
     {
-        m_pScrollBar->setValue(m_iOffsetBeforeFilter);
+        CQTInspectorView::ScrollTo(m_iOffsetBeforeFilter);
     }
     else if (kept != places.end())
     {
-        m_pScrollBar->setValue(kept->first->top - kept->second);
+        CQTInspectorView::ScrollTo(kept->first->top - kept->second);
     }
 }
