@@ -212,6 +212,7 @@ private:
     // Painting: propertypainting.cpp.
     void Load(sPropertyItem& io_item);
     void LoadInSight(const QRect& in_exposed);
+    void PaintNothingFound(QPainter& in_painter);
     void PaintItem(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed);
     void PaintGrid(QPainter& in_painter, const sPropertyItem& in_item);
     void PaintCurrent(QPainter& in_painter, const sPropertyItem& in_item);

@@ -79,6 +79,16 @@ void CPropertyArea::paintEvent(QPaintEvent* in_pEvent)
     {
         PaintItem(painter, **it, exposed);
     }
+    m_shown.empty() && m_filter.IsOn() ? PaintNothingFound(painter) : void();
+}
+
+/// Why a page that has rows shows none: the user may have forgotten the filter, or it is from the last run.
+void CPropertyArea::PaintNothingFound(QPainter& in_painter)
+{
+    const QString strWhy = m_filter.IsOnlyModified() ? tr("No modified value") : tr("Nothing found");
+    in_painter.setPen(MutedColour());
+    in_painter.drawText(rect().adjusted(0, m_iRowHeight, 0, 0), Qt::AlignHCenter | Qt::TextWordWrap,
+                        m_rows.Items().empty() ? QString() : strWhy);
 }
 
 void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed)
