@@ -41,8 +41,11 @@ void CPropertyTab::KeepState()
 void CPropertyTab::AddUndo(QMenu& io_menu, QMainWindow& in_window)
 {
     QUndoStack& stack = Page().UseOwnUndoStack();
-    io_menu.addAction(stack.createUndoAction(this));
-    io_menu.addAction(stack.createRedoAction(this));
+    QAction* pUndo = stack.createUndoAction(this);
+    pUndo->setShortcut(QKeySequence::Undo); // in the page the page's own keys do so
+    QAction* pRedo = stack.createRedoAction(this);
+    pRedo->setShortcut(QKeySequence::Redo);
+    io_menu.addActions({pUndo, pRedo});
     auto* pDock = new QDockWidget(tr("What can be undone"), &in_window);
     pDock->setWidget(new QUndoView(&stack));
     in_window.addDockWidget(Qt::BottomDockWidgetArea, pDock);
@@ -91,10 +94,11 @@ template <class Slot> QAction* CPropertyTab::AddSwitch(QMenu& io_menu, const QSt
 
 void CPropertyTab::AddView(QMenu& io_menu)
 {
-    QAction* pFilter = AddSwitch(io_menu, tr("&Filter"), [this](bool in_bOn) { SetFilterVisible(in_bOn); });
+    QAction* pFilter =
+        AddSwitch(io_menu, tr("&Filter"), [this](bool in_bOn) { in_bOn ? EnterFilter() : SetFilterVisible(false); });
     AddSwitch(io_menu, tr("&Description"), [this](bool in_bOn) { SetDescriptionVisible(in_bOn); });
     connect(&io_menu, &QMenu::aboutToShow, this, [=] { pFilter->setChecked(IsFilterVisible()); });
-    io_menu.addAction(tr("&Unfold All"), this, [this] { ExpandAll(); });
-    io_menu.addAction(tr("Fo&ld All"), this, [this] { ExpandAll(false); });
+    io_menu.addAction(tr("E&xpand All"), this, [this] { ExpandAll(); });
+    io_menu.addAction(tr("&Collapse All"), this, [this] { ExpandAll(false); });
     io_menu.addAction(tr("Re&ad Again"), &Page(), &CPropertyPage::Refresh);
 }

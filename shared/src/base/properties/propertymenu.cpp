@@ -180,7 +180,8 @@ void CPropertyArea::FillMenu(const tItemPtr& in_pItem, bool in_bFits)
     addOfRow(tr("&Copy Value"), bValue, &CPropertyArea::Copy)->setShortcut(QKeySequence::Copy);
     addOfRow(tr("Copy &Label and Value"), bValue, &CPropertyArea::CopyRow);
     addOfRow(tr("&Paste Value"), in_bFits, &CPropertyArea::Paste)->setShortcut(QKeySequence::Paste);
-    addOfRow(tr("&Reset"), bValue && m_rows.CanReset(in_pItem->property), &CPropertyArea::Reset);
+    addOfRow(tr("&Reset"), bValue && m_rows.CanReset(in_pItem->property), &CPropertyArea::Reset)
+        ->setShortcut(m_rows.Compares() ? QKeySequence::Delete : QKeySequence());
     menu.addSeparator();
     addOfRow(tr("Copy &Group"), in_pItem != nullptr, &CPropertyArea::CopyGroup);
     add(tr("Copy P&age"), true, [this] { CopyPage(); });

@@ -64,6 +64,9 @@ public:
     void SetFilterVisible(bool in_bVisible);
     bool IsFilterVisible() const;
 
+    /// Shows that line and lets the user type in it, as Ctrl+F does.
+    void EnterFilter();
+
     /// Makes every edit a command on this stack, see CPropertyPage::SetUndoStack.
     void SetUndoStack(QUndoStack* in_pStack) { m_pPage->SetUndoStack(in_pStack); }
 
@@ -108,7 +111,6 @@ protected:
     void keyPressEvent(QKeyEvent* in_pEvent) override;
 
 private:
-    void EnterFilter();
     void LeaveFilter();
     void ApplyFilter();
     void Describe();
