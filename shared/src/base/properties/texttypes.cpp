@@ -222,16 +222,22 @@ template <class T> const CPropertyType* Kind()
     static const T type;
     return &type;
 }
+
+/// What would break a line, or cannot be seen in it.
+bool IsControl(QChar in_char)
+{
+    const ushort uiCode = in_char.unicode();
+    return uiCode < 0x20 || (uiCode >= 0x7f && uiCode < 0xa0) || in_char == QChar::LineSeparator ||
+           in_char == QChar::ParagraphSeparator;
+}
 } // namespace
 
 QString InOneLine(const QString& in_strText)
 {
-    QString strLine = in_strText;
-    for (QChar& c : strLine)
+    QString strLine = in_strText; // no copy as long as nothing is replaced
+    for (int i = 0; i < in_strText.size(); ++i)
     {
-        const bool bControl =
-            c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-        c = bControl ? QChar(u' ') : c;
+        IsControl(in_strText.at(i)) ? strLine.replace(i, 1, QLatin1Char(' ')) : strLine;
     }
     return strLine;
 }
