@@ -47,9 +47,19 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     eKind kind;
     int depth = 0;                   ///< in how many groups it stands
     sPropertyItem* parent = nullptr; ///< the group, which the page keeps as long as the row
-    QString label;                   ///< of all but properties, which have their own
-    QString tip;                     ///< likewise
-    tPropertyPtr property;           ///< null for all but a property
+
+    // Where it is shown, in pixels of the content. Next to what decides it: ten thousand rows are placed at a letter.
+    int top = 0;
+    int height = 0;        ///< 0: not shown
+    bool expanded = true;  ///< what a group holds is not folded away
+    bool open = true;      ///< neither is the group itself
+    bool filtered = false; ///< left out by the filter
+    bool recalled = false; ///< expanded is as the user left a group of that name
+    bool revealed = false; ///< unfolded by the filter for what it found within
+
+    QString label;         ///< of all but properties, which have their own
+    QString tip;           ///< likewise
+    tPropertyPtr property; ///< null for all but a property
     std::function<void()> command;
     QPointer<QWidget> widget;
     CInspectorDataWidget* control = nullptr;        ///< the same, if it is a control of the first library
@@ -63,15 +73,6 @@ struct sPropertyItem : std::enable_shared_from_this<sPropertyItem>
     quint8 mixedParts = 0; ///< a bit for each part of the value that differs, the first one's is 1
     bool modified = false;
     bool stale = true; ///< to be loaded before it is painted
-
-    // Where it is shown, in pixels of the content.
-    int top = 0;
-    int height = 0;        ///< 0: not shown
-    bool expanded = true;  ///< what a group holds is not folded away
-    bool open = true;      ///< neither is the group itself
-    bool filtered = false; ///< left out by the filter
-    bool recalled = false; ///< expanded is as the user left a group of that name
-    bool revealed = false; ///< unfolded by the filter for what it found within
 };
 
 typedef std::shared_ptr<sPropertyItem> tItemPtr;
