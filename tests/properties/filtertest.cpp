@@ -77,7 +77,8 @@ private Q_SLOTS:
             [&] { page.view.SetLabelColumn(30); },
             [&] { page.view.SetLabelColumn(60); },
             [&] { page.view.SetCurrentRow(page.rows[2]); },
-            [&] { page.view.SetFilter(QStringLiteral("n")); },
+            [&] { page.view.SetFilter(QStringLiteral("g")); },
+            [&] { page.view.SetFilter(QStringLiteral("g o")); }, // leaves the same rows
             [&] { page.view.setFont(large); },
             [&] { page.view.setLayoutDirection(Qt::RightToLeft); },
         };

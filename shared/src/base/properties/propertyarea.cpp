@@ -151,7 +151,18 @@ void CPropertyArea::PageChanged()
 {
     m_bLabelsDue = true;
     m_filter.IsOn() ? m_filter.Forget() : void();
+    m_rows.Items().empty() ? ForgetShown() : void();
     LayOutSoon();
+}
+
+/// Whoever still holds a row that went finds it nowhere.
+void CPropertyArea::ForgetShown()
+{
+    for (sPropertyItem* pItem : m_shown)
+    {
+        pItem->height = 0;
+    }
+    m_shown.clear();
 }
 
 /// Rows are placed once, however many came and went since.
@@ -173,7 +184,7 @@ void CPropertyArea::EnsureLayout()
     }
 }
 
-const tItems& CPropertyArea::Shown()
+const std::vector<sPropertyItem*>& CPropertyArea::Shown()
 {
     EnsureLayout();
     return m_shown;
@@ -207,7 +218,7 @@ int CPropertyArea::HeightOf(const sPropertyItem& in_item) const
 void CPropertyArea::RecomputeLayout()
 {
     m_bLayoutDue = false;
-    m_filter.IsApplied() ? void() : m_filter.Apply(m_rows.Items());
+    m_filter.IsApplied() || m_filter.Apply(m_rows.Items());
     PlaceRows();
     FindCurrentAgain();
     if (m_bLabelsDue)
@@ -223,10 +234,6 @@ void CPropertyArea::RecomputeLayout()
 
 void CPropertyArea::PlaceRows()
 {
-    for (const tItemPtr& pItem : m_shown)
-    {
-        pItem->height = 0;
-    }
     m_shown.clear();
     m_iContentHeight = 0;
     const tItems& items = m_rows.Items();
@@ -248,7 +255,7 @@ void CPropertyArea::PlaceRows()
         m_iContentHeight += item.height;
         if (item.height > 0)
         {
-            m_shown.push_back(items[u]);
+            m_shown.push_back(&item);
         }
     }
 }
@@ -310,9 +317,9 @@ void CPropertyArea::SetLabelColumn(int in_iWidth)
 int CPropertyArea::FittingColumn(bool in_bExact) const
 {
     std::vector<const sPropertyItem*> rows;
-    for (const tItemPtr& pItem : in_bExact ? m_shown : m_rows.Items())
+    for (const tItemPtr& pItem : m_rows.Items())
     {
-        if (pItem->kind != sPropertyItem::eGroup)
+        if (pItem->kind != sPropertyItem::eGroup && (pItem->height > 0 || !in_bExact))
         {
             rows.push_back(pItem.get());
         }
@@ -371,10 +378,10 @@ QRect CPropertyArea::PartRect(const sPropertyItem& in_item, int in_iPart) const
 }
 
 /// The first shown row that ends below a place of the content.
-tItems::const_iterator CPropertyArea::FirstBelow(int in_iY)
+std::vector<sPropertyItem*>::const_iterator CPropertyArea::FirstBelow(int in_iY)
 {
-    const tItems& shown = Shown();
-    return std::lower_bound(shown.begin(), shown.end(), in_iY, [](const tItemPtr& in_pItem, int in_iPlace) {
+    const std::vector<sPropertyItem*>& shown = Shown();
+    return std::lower_bound(shown.begin(), shown.end(), in_iY, [](const sPropertyItem* in_pItem, int in_iPlace) {
         return in_pItem->top + in_pItem->height <= in_iPlace;
     });
 }
@@ -386,9 +393,8 @@ int CPropertyArea::IndexOf(const sPropertyItem* in_pItem)
     {
         return -1;
     }
-    const tItems& shown = Shown();
     const auto it = FirstBelow(in_pItem->top);
-    return it != shown.end() && it->get() == in_pItem ? static_cast<int>(it - shown.begin()) : -1;
+    return it != m_shown.cend() && *it == in_pItem ? static_cast<int>(it - m_shown.cbegin()) : -1;
 }
 
 CPropertyArea::sHit CPropertyArea::HitAt(const QPoint& in_position)
@@ -399,7 +405,7 @@ CPropertyArea::sHit CPropertyArea::HitAt(const QPoint& in_position)
     {
         return hit;
     }
-    hit.item = *it;
+    hit.item = (*it)->shared_from_this();
     const int iX = Mirrored(QRect(in_position, QSize(1, 1))).x();
     if (hit.item->kind == sPropertyItem::eGroup)
     {

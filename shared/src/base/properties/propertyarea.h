@@ -57,8 +57,8 @@ public:
     /// Makes a row the current one and scrolls to it. Null: none is.
     void SetCurrent(const tItemPtr& in_pItem, int in_iPart = 0);
 
-    /// The rows that are shown, from the top.
-    const tItems& Shown();
+    /// The rows that are shown, from the top. The page keeps them.
+    const std::vector<sPropertyItem*>& Shown();
 
     /// Takes the focus; the current row is the first one shown, unless the one that it is is shown.
     void Reenter();
@@ -184,6 +184,7 @@ private:
     void Measure();
     void LayOutSoon();
     void FindCurrentAgain();
+    void ForgetShown();
     void EnsureLayout();
     void PlaceRows();
     void FindWidgets();
@@ -195,7 +196,7 @@ private:
     int RowWidth() const;
     int IndexOf(const sPropertyItem* in_pItem);
     static QStringList PathOf(const sPropertyItem& in_item);
-    tItems::const_iterator FirstBelow(int in_iY);
+    std::vector<sPropertyItem*>::const_iterator FirstBelow(int in_iY);
     QRect LabelRect(const sPropertyItem& in_item) const;
     int ResetWidth(const sPropertyItem& in_item) const;
     QRect Mirrored(const QRect& in_rect) const;
@@ -283,7 +284,7 @@ private:
     CPropertyFilter m_filter;
     std::weak_ptr<sPropertyItem> m_beforeFilter; ///< the current row when the filter began
     int m_iOffsetBeforeFilter = 0;
-    tItems m_shown;                         ///< from the top
+    std::vector<sPropertyItem*> m_shown;    ///< from the top; counting references would be most of what placing costs
     tItems m_widgets;                       ///< the rows that are widgets
     std::weak_ptr<sPropertyItem> m_pressed; ///< the command that the mouse holds down
     QPointer<QMenu> m_pMenu;                ///< while it is open
@@ -294,8 +295,8 @@ private:
     int m_iPart = 0;
     bool m_bCurrentWent = false; ///< which is still to be told
     QStringList m_lost;          ///< which row was the current one before the page changed; empty: it has not gone
-    bool m_bLayoutDue = false;   ///< rows came or went since they were placed
-    bool m_bLabelsDue = false;   ///< and since their labels were measured
+    bool m_bLayoutDue = false;   ///< rows are to be placed
+    bool m_bLabelsDue = false;   ///< and their labels to be measured
     int m_iColumn = -1;
     int m_iFitting = 0; ///< the column that the labels need, estimated
     int m_iRowHeight = 0;

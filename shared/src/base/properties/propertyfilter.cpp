@@ -128,24 +128,29 @@ void CPropertyFilter::Find(const QString& in_strWord, quint64 in_ulBit, std::vec
 
 /// The rows stand far apart in memory, so that most of what a filter costs is looking at each: only those for which it
 /// comes to something else than before are touched.
-void CPropertyFilter::Apply(const tItems& in_items)
+bool CPropertyFilter::Apply(const tItems& in_items)
 {
     m_bApplied = true;
     std::vector<quint8> before = std::exchange(m_states, IsOn() ? States(in_items) : std::vector<quint8>());
     if (before.empty() && m_states.empty())
     {
-        return;
+        return false;
     }
+    bool bOther = false;
     before.resize(in_items.size(), eUnknown);
     for (std::size_t u = 0; u < before.size(); ++u)
     {
         const int iState = m_states.empty() ? 0 : m_states[u];
-        if (iState != before[u] || iState == eRevealed) // which the user may have folded since
+        sPropertyItem& item = *in_items[u];
+        if (iState != before[u] || (iState == eRevealed && !item.revealed)) // which the user has folded since
         {
-            in_items[u]->filtered = iState == eLeftOut;
-            in_items[u]->revealed = iState == eRevealed;
+            bOther = true;
+            item.filtered = iState == eLeftOut;
+            item.revealed = iState == eRevealed;
+            item.height = item.filtered ? 0 : item.height;
         }
     }
+    return bOther;
 }
 
 std::vector<quint8> CPropertyFilter::States(const tItems& in_items)
@@ -247,21 +252,23 @@ void CPropertyArea::PlaceFiltered()
     std::vector<std::pair<tItemPtr, int>> places;
     for (auto it = FirstBelow(m_iOffsetY); it != m_shown.end() && (*it)->top < m_iOffsetY + height(); ++it)
     {
-        places.insert(*it == Current() ? places.begin() : places.end(), {*it, (*it)->top - m_iOffsetY});
+        const tItemPtr pItem = (*it)->shared_from_this();
+        places.insert(pItem == Current() ? places.begin() : places.end(), {pItem, pItem->top - m_iOffsetY});
     }
     ReadForFilter();
     if (self)
     {
-        m_filter.Apply(m_rows.Items());
+        m_bLayoutDue = m_filter.Apply(m_rows.Items()) || m_bLayoutDue;
         m_pEdit && m_pEdit->Item()->filtered ? TakeOver() : void();
     }
-    self ? RecomputeLayout() : void();
+    self ? EnsureLayout() : void();
     if (!self)
     {
         return;
     }
     const auto kept =
         std::find_if(places.begin(), places.end(), [](const auto& in_p) { return in_p.first->height > 0; });
+    update(QRect(0, 0, RowWidth(), height())); // the marks
     if (!m_filter.IsOn() && m_beforeFilter.lock() == Current())
     {
         CQTInspectorView::ScrollTo(m_iOffsetBeforeFilter);

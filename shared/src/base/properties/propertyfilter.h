@@ -39,8 +39,9 @@ public:
     /// Whether Apply was called since the rows or the filter changed.
     bool IsApplied() const { return m_bApplied; }
 
-    /// Tells each row whether it is left out.
-    void Apply(const tItems& in_items);
+    /// Tells each row whether it is left out. Those that are have no height.
+    /// \return whether that is something else than before for any
+    bool Apply(const tItems& in_items);
 
     /// Whether it leaves out the row at a place among those that Apply was called with.
     bool LeavesOut(std::size_t in_uPlace) const

@@ -118,7 +118,11 @@ void CPropertyArea::Leave(bool in_bForward)
 bool CPropertyArea::EditNext(bool in_bForward)
 {
     const QPointer<CPropertyArea> self(this);
-    const tItems rows = Shown();
+    tItems rows;
+    for (sPropertyItem* pItem : Shown())
+    {
+        rows.push_back(pItem->shared_from_this());
+    }
     const tItemPtr pCurrent = Current();
     int iPart = m_iPart + (in_bForward ? 1 : -1);
     if (pCurrent && pCurrent->type && iPart >= 0 && iPart < pCurrent->type->Parts() && Editable(*pCurrent))

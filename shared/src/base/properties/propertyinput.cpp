@@ -377,14 +377,14 @@ bool CPropertyArea::Navigate(int in_iKey)
 
 bool CPropertyArea::MoveCurrent(int in_iRows)
 {
-    const tItems& shown = Shown();
+    const std::vector<sPropertyItem*>& shown = Shown();
     const int iLast = static_cast<int>(shown.size()) - 1;
     if (iLast >= 0)
     {
         const int iNow = IndexOf(Current().get());
         const int iStart = iNow < 0 && in_iRows == -1 ? iLast + 1 : iNow; // where nothing is current Up begins below
         const int iNext = std::max(0, std::min(iLast, iStart + in_iRows));
-        SetCurrent(tItemPtr(shown[static_cast<std::size_t>(iNext)]));
+        SetCurrent(shown[static_cast<std::size_t>(iNext)]->shared_from_this());
     }
     return true;
 }
