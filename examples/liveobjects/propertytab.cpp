@@ -1,7 +1,9 @@
 #include "propertytab.h"
 
+#include "propertyadapter.h"
 #include "stage.h"
 
+#include <QAbstractSlider>
 #include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
@@ -16,6 +18,21 @@
 namespace
 {
 const QString g_strStateKey = QStringLiteral("propertyPage");
+
+/// What a user of the demo may ask about its objects.
+CPropertyAdapter Tips()
+{
+    const auto tip = [](const QString& in_strTip) { return [=](CPropertyRow in_row) { in_row.Tip(in_strTip); }; };
+    CPropertyAdapter adapter;
+    adapter.Of<QWidget>()
+        .For(QStringLiteral("geometry"), tip(QObject::tr("The place on the stage, and the size.")))
+        .For(QStringLiteral("highlight"),
+             tip(QObject::tr("The colour of the frame round the object when it is selected.")))
+        .For(QStringLiteral("stage"), tip(QObject::tr("What the object stands on: a press shows that instead.")));
+    adapter.Of<QAbstractSlider>().For(
+        QStringLiteral("value"), tip(QObject::tr("From minimum to maximum. Drag the label sideways to change it.")));
+    return adapter;
+}
 } // namespace
 
 CPropertyTab::CPropertyTab(CStage& in_stage, QMainWindow& in_window)
@@ -25,6 +42,10 @@ CPropertyTab::CPropertyTab(CStage& in_stage, QMainWindow& in_window)
     connect(&Page(), &CPropertyPage::PasteRefused, this, [&in_window](const QStringList& in_names) {
         in_window.statusBar()->showMessage(tr("Not pasted: %1").arg(in_names.join(QStringLiteral(", "))));
     });
+    connect(&Page(), &CPropertyPage::ValueChanged, this, [&in_window](const CProperty* in_pProperty) {
+        in_window.statusBar()->showMessage(tr("%1 has changed").arg(in_pProperty->Label()));
+    });
+    Page().SetAdapter(Tips());
     QMenu* pMenu = in_window.menuBar()->addMenu(tr("&Properties"));
     AddUndo(*pMenu, in_window);
     AddCopy(*pMenu);

@@ -18,7 +18,8 @@ namespace
 const int g_iMargin = 20;
 const int g_iGap = 18;
 const int g_iObjectWidth = 280;
-const int g_iFrame = 5; ///< from an object to the selection frame round it
+const int g_iFrame = 5;                        ///< from an object to the selection frame round it
+const char* const g_pcHighlight = "highlight"; ///< the dynamic property that tells its colour
 } // namespace
 
 CStage::CStage() : m_iNextY(g_iMargin)
@@ -58,6 +59,8 @@ void CStage::Add(QWidget* in_pObject, const char* in_strName)
 {
     in_pObject->setParent(this);
     in_pObject->setObjectName(QLatin1String(in_strName));
+    in_pObject->setProperty(g_pcHighlight, palette().color(QPalette::Highlight));
+    in_pObject->setProperty("stage", QVariant::fromValue<QObject*>(this));
     in_pObject->show();
     in_pObject->setGeometry(g_iMargin, m_iNextY, g_iObjectWidth, in_pObject->sizeHint().height());
     m_iNextY += in_pObject->height() + g_iGap;
@@ -157,6 +160,7 @@ bool CStage::eventFilter(QObject* in_pWatched, QEvent* in_pEvent)
     case QEvent::Show:
     case QEvent::Hide:
     case QEvent::ChildRemoved:
+    case QEvent::DynamicPropertyChange:
         if (in_pWatched->parent() == this || in_pWatched == this)
         {
             update();
@@ -180,11 +184,11 @@ void CStage::mousePressEvent(QMouseEvent* in_pEvent)
 void CStage::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
     foreach (const tObject& pObject, m_selected)
     {
         if (pObject && pObject->isVisible())
         {
+            painter.setPen(QPen(pObject->property(g_pcHighlight).value<QColor>(), 2));
             painter.drawRect(pObject->geometry().adjusted(-g_iFrame, -g_iFrame, g_iFrame, g_iFrame));
         }
     }

@@ -174,6 +174,8 @@ private Q_SLOTS:
         page.view.SetOnlyModified(false);
         page.view.SetOnlyModified(true);
         QCOMPARE(page.Shown(), QStringLiteral("O"));
+        page.view.Page().SetModifiedAgainst(CPropertyPage::eNothing);
+        QVERIFY(TestSupport::WaitUntil([&page] { return page.Shown().isEmpty(); }));
     }
 
     void FoldedGroupsOpen()

@@ -398,7 +398,7 @@ void CTypeTest::Parts_data()
     QTest::newRow("real margins") << QVariant::fromValue(QMarginsF(1, 2, 3, 4)) << "left top right bottom"
                                   << QVariant(.5) << "1, 2, 3, 0.5";
     QTest::newRow("size policy") << QVariant(QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored))
-                                 << "width height width height" << QVariant(3) << "Fixed, Ignored, 0, 3";
+                                 << "width height stretch x stretch y" << QVariant(3) << "Fixed, Ignored, 0, 3";
     QTest::newRow("vector") << QVariant(QVector3D(1, 2, .1F)) << "x y z" << QVariant(.2F) << "1, 2, 0.2";
 }
 

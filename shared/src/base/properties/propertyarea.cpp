@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QStyle>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -312,8 +313,8 @@ void CPropertyArea::SetLabelColumn(int in_iWidth)
     update();
 }
 
-/// How wide the labels are: exactly those shown, or all, also those folded away or left out. Measuring each would be most
-/// of what a page of ten thousand rows costs, so that of all only the labels with the most letters are measured.
+/// How wide the labels are: exactly those shown, or all, also those folded away or left out. Measuring each would be
+/// most of what a page of ten thousand rows costs, so that of all only the labels with the most letters are measured.
 int CPropertyArea::FittingColumn(bool in_bExact) const
 {
     std::vector<const sPropertyItem*> rows;
@@ -332,10 +333,13 @@ int CPropertyArea::FittingColumn(bool in_bExact) const
         });
         rows.erase(last, rows.end());
     }
+    QFont widest = font();
+    widest.setBold(m_rows.Compares() || widest.bold()); // as labels of modified values are
+    const QFontMetricsF metrics(widest);
     int iWidest = 0;
     for (const sPropertyItem* pRow : rows)
     {
-        const int iLabel = fontMetrics().horizontalAdvance(pRow->Label());
+        const int iLabel = qCeil(metrics.horizontalAdvance(pRow->Label()));
         iWidest = std::max(iWidest, g_iMargin * 2 + pRow->depth * m_iIndent + iLabel);
     }
     return iWidest;

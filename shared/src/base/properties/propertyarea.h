@@ -236,6 +236,7 @@ private:
     QColor MutedColour() const;
     QColor MarkColour(const QColor& in_text) const;
     bool IsCut(const sHit& in_hit) const;
+    QString WholeText(const sHit& in_hit) const;
 
     // Mouse and keyboard: propertyinput.cpp.
     bool ShowTip(const QPoint& in_position, const QPoint& in_global);

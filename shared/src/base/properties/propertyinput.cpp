@@ -252,7 +252,7 @@ bool CPropertyArea::ShowTip(const QPoint& in_position, const QPoint& in_global)
     }
     else if (hit.item && IsCut(hit))
     {
-        lines << (hit.zone == sHit::eValue ? hit.item->text : hit.item->Label()).toHtmlEscaped();
+        lines << WholeText(hit).toHtmlEscaped();
     }
     const QString strTip = hit.item ? hit.item->Tip() : QString();
     if (!strTip.isEmpty())

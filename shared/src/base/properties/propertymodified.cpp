@@ -62,6 +62,7 @@ void CPropertyRows::SetModifiedAgainst(CPropertyPage::eModifiedAgainst in_eAgain
     m_pReferences =
         in_eAgainst == CPropertyPage::eNothing ? nullptr : std::make_shared<CPropertyReferences>(in_eAgainst);
     Refresh();
+    m_pClient ? m_pClient->PageChanged() : void(); // other rows are left, and labels need other room
 }
 
 bool CPropertyRows::IsModified(const tPropertyPtr& in_pProperty) const

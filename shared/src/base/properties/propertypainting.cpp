@@ -365,7 +365,25 @@ bool CPropertyArea::IsCut(const sHit& in_hit) const
 {
     const sPropertyItem& item = *in_hit.item;
     const bool bValue = in_hit.zone == sHit::eValue && item.kind == sPropertyItem::eProperty;
-    const QString strText = bValue ? PartText(item, in_hit.part) : item.Label();
-    const QRect rect = bValue ? PartRect(item, in_hit.part).adjusted(g_iPadding, 0, -g_iPadding, 0) : LabelRect(item);
-    return QFontMetrics(bValue ? font() : LabelFont(item)).horizontalAdvance(strText) > rect.width();
+    if (bValue && item.type->Parts() > 1)
+    {
+        return !HasRoomForNames(item);
+    }
+    const QRect rect = bValue ? PartRect(item, 0).adjusted(g_iPadding, 0, -g_iPadding, 0) : LabelRect(item);
+    return QFontMetricsF(bValue ? font() : LabelFont(item)).horizontalAdvance(WholeText(in_hit)) > rect.width();
+}
+
+/// What a label or a value shows where there is room enough.
+QString CPropertyArea::WholeText(const sHit& in_hit) const
+{
+    const sPropertyItem& item = *in_hit.item;
+    const bool bValue = in_hit.zone == sHit::eValue && item.kind == sPropertyItem::eProperty;
+    const int iParts = bValue ? item.type->Parts() : 0;
+    QStringList parts;
+    for (int i = 0; iParts > 1 && i < iParts; ++i)
+    {
+        parts << NamedPart(item, i);
+    }
+    const QString strOne = bValue ? PartText(item, 0) : item.Label();
+    return iParts > 1 ? parts.join(QStringLiteral(", ")) : strOne;
 }

@@ -35,8 +35,10 @@ public:
 
     QString PartLabel(int in_iPart) const override
     {
-        return in_iPart % 2 == 0 ? QCoreApplication::translate("CPropertyType", "width")
-                                 : QCoreApplication::translate("CPropertyType", "height");
+        static const std::array<const char*, g_iParts> labels = {
+            QT_TRANSLATE_NOOP("CPropertyType", "width"), QT_TRANSLATE_NOOP("CPropertyType", "height"),
+            QT_TRANSLATE_NOOP("CPropertyType", "stretch x"), QT_TRANSLATE_NOOP("CPropertyType", "stretch y")};
+        return QCoreApplication::translate("CPropertyType", labels[static_cast<size_t>(in_iPart)]);
     }
 
     QVariant Part(const QVariant& in_value, int in_iPart) const override

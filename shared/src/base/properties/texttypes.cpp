@@ -170,11 +170,11 @@ public:
 class CLocaleType final : public CTypedType
 {
 public:
-    QString Shown(const sPropertyFormat& in_format, const QVariant& in_value) const override
+    QString Shown(const sPropertyFormat&, const QVariant& in_value) const override
     {
         const QLocale locale = in_value.toLocale();
-        return locale == QLocale::c() ? Text(in_format, in_value)
-                                      : QStringLiteral("%1 (%2)").arg(locale.nativeLanguageName(), locale.name());
+        const QString strLanguage = locale.nativeLanguageName(); // the C locale has none
+        return strLanguage.isEmpty() ? locale.name() : QStringLiteral("%1 (%2)").arg(strLanguage, locale.name());
     }
 
     QString Text(const sPropertyFormat&, const QVariant& in_value) const override { return in_value.toLocale().name(); }
