@@ -49,6 +49,7 @@ void CMainWindow::CreateMenu()
 {
     QMenu* pObject = menuBar()->addMenu(QLatin1String("&Object"));
     AddCommand(pObject, "&Next Object", "F6", m_pStage, SLOT(SelectNext()));
+    AddCommand(pObject, "Next Object &Too", "Shift+F6", m_pStage, SLOT(SelectNextToo()));
     AddCommand(pObject, "&Restore Objects", "F5", m_pStage, SLOT(Restore()));
     AddCommand(pObject, "&Quit", "Ctrl+Q", this, SLOT(close()));
     QMenu* pInspector = menuBar()->addMenu(QLatin1String("&Inspector"));

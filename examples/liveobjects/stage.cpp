@@ -107,7 +107,8 @@ QList<QObject*> CStage::GetSelection() const
     return alive;
 }
 
-void CStage::SelectNext()
+/// Null when no object is alive.
+QWidget* CStage::Next() const
 {
     const int iCount = static_cast<int>(m_objects.size());
     const int iSelected = LastSelected() ? static_cast<int>(m_objects.indexOf(LastSelected())) : -1;
@@ -115,9 +116,25 @@ void CStage::SelectNext()
     {
         if (QWidget* pObject = m_objects.at((iSelected + i) % iCount))
         {
-            Select(pObject);
-            return;
+            return pObject;
         }
+    }
+    return nullptr;
+}
+
+void CStage::SelectNext()
+{
+    if (QWidget* pNext = Next())
+    {
+        Select(pNext);
+    }
+}
+
+void CStage::SelectNextToo()
+{
+    if (QWidget* pNext = Next())
+    {
+        Toggle(pNext);
     }
 }
 

@@ -29,6 +29,9 @@ public slots:
     /// Selects the object after the selected one that is still alive, hidden ones included.
     void SelectNext();
 
+    /// Selects it beside those that are selected.
+    void SelectNextToo();
+
     /// Replaces all objects by new ones.
     void Restore();
 
@@ -47,6 +50,7 @@ private:
     void Add(QWidget* in_pObject, const char* in_strName);
     QWidget* ObjectAround(QWidget* in_pWidget) const;
     QWidget* LastSelected() const;
+    QWidget* Next() const;
     void Announce();
 
     QList<tObject> m_objects;
