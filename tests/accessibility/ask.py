@@ -158,9 +158,9 @@ def ask_page(demo):
     expected = [
         ("QAbstractSlider", "panel", None, ""),
         ("tickPosition", "combo box", "NoTicks", ""),
-        ("value", "text", "40", ""),
+        ("value", "text", "40", "From minimum to maximum. Drag the label sideways to change it."),
         ("tracking", "check box", None, ""),
-        ("geometry", "text", "20, 20, 280, 15", ""),
+        ("geometry", "text", "20, 20, 280, 15", "The place on the stage, and the size."),
         ("cursor", "label", "ArrowCursor", ""),
     ]
     check(rows, expected)

@@ -92,9 +92,14 @@ private Q_SLOTS:
     void Actions()
     {
         sPage page;
+        page.view.Page().SetModifiedAgainst(CPropertyPage::eFirstValues);
         QVERIFY(TestSupport::ShowWindow(&page.view));
         sPage::Press(page.Row("Is lit"));
         QVERIFY(!page.bLit && page.Row("Is lit")->state().focused);
+        QCOMPARE(Told(page.Row("Is lit")), "Is lit=false (modified) Toggle");
+        page.Row("Is lit")->actionInterface()->doAction("Reset");
+        QVERIFY(page.bLit);
+        sPage::Press(page.Row("Is lit"));
         sPage::Press(page.Row("Switch"));
         QVERIFY(page.bLit && page.Row("Is lit")->state().checked);
         sPage::Press(page.Row("Name"));

@@ -2,6 +2,11 @@
 
 #include "propertytype.h"
 
+namespace
+{
+const QString g_strReset = QStringLiteral("Reset"); ///< the action of a modified row
+} // namespace
+
 /// The row with its value read, which may change the page.
 tItemPtr CAccessibleRow::Loaded() const
 {
@@ -14,6 +19,17 @@ QString CAccessibleRow::Value() const
 {
     const tItemPtr pItem = Loaded();
     return pItem && pItem->property && !pItem->mixed ? pItem->text : QString();
+}
+
+/// The tip, and what else is to be seen of the row.
+QString CAccessibleRow::Description() const
+{
+    const tItemPtr pItem = Loaded();
+    QStringList parts = pItem ? QStringList(pItem->Tip()) : QStringList();
+    pItem && pItem->modified ? void(parts << tr("modified")) : void();
+    pItem && pItem->mixed ? void(parts << tr("several values")) : void();
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral("; "));
 }
 
 QString CAccessibleRow::text(QAccessible::Text in_eText) const
@@ -29,7 +45,7 @@ QString CAccessibleRow::text(QAccessible::Text in_eText) const
     case QAccessible::Name:
         return strOwn.isEmpty() ? pItem->Label() : strOwn;
     case QAccessible::Description:
-        return pItem->Tip();
+        return Description();
     case QAccessible::Value:
         return Value();
     default:
@@ -125,7 +141,16 @@ QString CAccessibleRow::Press() const
 QStringList CAccessibleRow::actionNames() const
 {
     const QString strPress = Press();
-    return strPress.isEmpty() ? QStringList{setFocusAction()} : QStringList{strPress, setFocusAction()};
+    const tItemPtr pItem = Item();
+    QStringList names{strPress, setFocusAction()};
+    pItem && pItem->modified && !strPress.isEmpty() ? void(names << g_strReset) : void();
+    names.removeAll(QString());
+    return names;
+}
+
+QString CAccessibleRow::localizedActionName(const QString& in_strName) const
+{
+    return in_strName == g_strReset ? tr("Reset") : QAccessibleActionInterface::localizedActionName(in_strName);
 }
 
 /// Each step may do anything to the page.
@@ -133,17 +158,18 @@ void CAccessibleRow::doAction(const QString& in_strName)
 {
     const QPointer<CPropertyArea> pArea = m_pArea;
     const tItemPtr pItem = Item();
-    const bool bPress = !in_strName.isEmpty() && in_strName == Press();
-    if (!pArea || !pItem || (!bPress && in_strName != setFocusAction()))
+    const bool bPress = in_strName == Press();
+    const bool bReset = in_strName == g_strReset;
+    if (!pArea || !pItem || !actionNames().contains(in_strName))
     {
         return;
     }
     pArea->TakeOver();
     pArea ? pArea->SetCurrent(pItem) : void();
     pArea ? pArea->setFocus(Qt::OtherFocusReason) : void();
-    if (pArea && bPress && pArea->Current() == pItem)
+    if (pArea && pArea->Current() == pItem)
     {
-        pArea->Work(pItem);
+        bPress ? pArea->Work(pItem) : bReset ? void(pArea->ResetCurrent()) : void();
     }
 }
 

@@ -4,11 +4,14 @@
 #include "propertyarea.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 
 /// What assistive technology sees of a row that is no widget: a group's title, a property or a command. Private to the
 /// library.
 class CAccessibleRow : public QAccessibleInterface, public QAccessibleActionInterface, public QAccessibleTextInterface
 {
+    Q_DECLARE_TR_FUNCTIONS(CAccessibleRow)
+
 public:
     CAccessibleRow(CPropertyArea& in_area, const tItemPtr& in_pItem) : m_pArea(&in_area), m_pItem(in_pItem) {}
 
@@ -31,6 +34,7 @@ public:
     void* interface_cast(QAccessible::InterfaceType in_eType) override;
 
     QStringList actionNames() const override;
+    QString localizedActionName(const QString& in_strName) const override;
     void doAction(const QString& in_strName) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
@@ -52,6 +56,7 @@ public:
 private:
     tItemPtr Loaded() const;
     QString Value() const;
+    QString Description() const;
     QString Press() const;
 
     QPointer<CPropertyArea> m_pArea;

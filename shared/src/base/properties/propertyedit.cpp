@@ -85,7 +85,9 @@ CPropertyEdit::CPropertyEdit(CPropertyArea& in_area, const tItemPtr& in_pItem, i
         connect(m_pEditor, m_editorValue.notifySignal(), this, slot);
     }
     const QString strName = in_pItem->property->Format().accessibleName;
-    m_pEditor->setAccessibleName(strName.isEmpty() ? in_pItem->Label() : strName);
+    const QString strPart = in_pItem->type->Parts() > 1 ? in_pItem->type->PartLabel(in_iPart) : QString();
+    m_pEditor->setAccessibleName(
+        ((strName.isEmpty() ? in_pItem->Label() : strName) + QLatin1Char(' ') + strPart).trimmed());
     m_pEditor->setAccessibleDescription(in_pItem->Tip());
     qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* in_pNow) { OnFocusChanged(in_pNow); });
