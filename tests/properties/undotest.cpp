@@ -673,6 +673,9 @@ void UndoTest::Keys()
     const QByteArray first = bench.Bytes();
     bench.Do("value: F2 7 Return Ctrl+Z");
     QVERIFY(bench.Bytes() != first);
+    bench.Do("text: F2");
+    bench.stack->undo();
+    QVERIFY(bench.Bytes() == first && bench.view->CurrentRow().Property()->Name() == "text"); // which is being edited
     const QUndoStack& own = bench.view->Page().UseOwnUndoStack();
     bench.Do("value: F2 8 Return");
     const QByteArray last = bench.Bytes();

@@ -462,7 +462,8 @@ void CPropertyArea::Reveal(const tItemPtr& in_pItem)
         pGroup->expanded ? void() : (Keep(*pGroup, true), LayOutSoon());
     }
     EnsureLayout();
-    in_pItem->height > 0 && in_pItem != Current() ? SetCurrent(in_pItem) : ScrollTo(*in_pItem);
+    const bool bGoThere = in_pItem->height > 0 && in_pItem != Current() && !m_pEdit; // an edit is at the current row
+    bGoThere ? SetCurrent(in_pItem) : ScrollTo(*in_pItem);
 }
 
 void CPropertyArea::ScrollTo(const sPropertyItem& in_item)
