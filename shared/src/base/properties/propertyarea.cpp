@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QMenu>
 #include <QStyle>
 #include <QtMath>
 
@@ -52,6 +53,11 @@ CPropertyArea::~CPropertyArea()
 {
     m_rows.SetClient(nullptr);
     m_pEdit.reset();
+    if (m_pMenu) // one of its entries may be what ends this
+    {
+        m_pMenu->setParent(nullptr);
+        m_pMenu->deleteLater();
+    }
 }
 
 QSize CPropertyArea::sizeHint() const
