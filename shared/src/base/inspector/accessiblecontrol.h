@@ -5,6 +5,8 @@
 #include "viewrows.h"
 
 #include <QAccessibleWidget>
+#include <QTextCursor>
+#include <QTextEdit>
 
 class CQTInspectorView;
 

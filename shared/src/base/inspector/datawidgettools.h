@@ -8,6 +8,8 @@
 #include "inspectorqt.h"
 #include "qtsimpledataelement.h"
 
+#include <QPainter>
+
 #include <string>
 
 namespace InspectorWidgets

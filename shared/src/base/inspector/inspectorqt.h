@@ -4,18 +4,19 @@
 /// What differs between Qt 4, 5 and 6, in one place. Private to the library.
 /// \file
 
-#include <QtGlobal>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTextLayout>
+#include <QWidget>
 
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-#include <QGuiApplication>
 #include <QInputMethod>
 #include <QScreen>
 #include <QWindow>
-#include <QtWidgets>
 #else
 #include <QDesktopWidget>
 #include <QInputContext>
-#include <QtGui>
+#include <QPointer>
 #endif
 
 #include <string>

@@ -2,6 +2,8 @@
 
 #include "inspectorqt.h"
 
+#include <QFontMetrics>
+
 namespace
 {
 const int g_iMost = 50000; ///< more labels than this are no page but ever new names

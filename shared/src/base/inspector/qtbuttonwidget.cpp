@@ -2,6 +2,9 @@
 
 #include "datawidgettools.h"
 
+#include <QMouseEvent>
+#include <QStyleOptionButton>
+
 #include <algorithm>
 
 using namespace InspectorWidgets;

@@ -4,6 +4,9 @@
 #include "qtinspectorview.h"
 #include "viewaccessible.h"
 
+#include <QMouseEvent>
+#include <QStyleOptionComboBox>
+
 using namespace InspectorWidgets;
 
 std::shared_ptr<CInPlaceList> CQTEnumDataWidget::g_pInPlaceList;

@@ -8,6 +8,9 @@
 #include "viewfilter.h"
 #include "viewkeyboard.h"
 
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPointer>
 #include <QScrollArea>
 
 #include <algorithm>

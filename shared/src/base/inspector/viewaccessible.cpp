@@ -4,6 +4,7 @@
 #include "qtinspectorview.h"
 #include "qtsimpledatawidget.h"
 
+#include <QPointer>
 #include <QTimer>
 
 /// The information text that stands in place of the page, as a label.

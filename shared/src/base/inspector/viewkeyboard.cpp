@@ -5,6 +5,10 @@
 #include "qtsimpledatawidget.h"
 #include "viewaccessible.h"
 
+#include <QPainter>
+#include <QPixmap>
+#include <QStyleOptionFocusRect>
+
 #include <algorithm>
 
 namespace
