@@ -1,10 +1,6 @@
-#undef QT_NO_CAST_FROM_ASCII
 #include "propertyadapter.h"
 #include "propertyview.h"
 #include "testsupport.h"
-
-#include <QPushButton>
-#include <QTimer>
 
 Q_DECLARE_METATYPE(CPropertyAdapter)
 

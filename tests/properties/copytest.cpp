@@ -1,10 +1,5 @@
-#undef QT_NO_CAST_FROM_ASCII // tables of texts: all UTF-8, to Qt 5 and 6
 #include "propertyview.h"
 #include "testsupport.h"
-
-#include <QClipboard>
-#include <QMenu>
-#include <QUndoStack>
 
 namespace
 {

@@ -1,4 +1,3 @@
-#undef QT_NO_CAST_FROM_ASCII // tables of texts: all UTF-8, to Qt 5 and 6
 #include "propertyview.h"
 #include "testsupport.h"
 

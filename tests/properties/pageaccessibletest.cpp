@@ -1,8 +1,5 @@
-#undef QT_NO_CAST_FROM_ASCII
 #include "propertyview.h"
 #include "testsupport.h"
-
-#include <QAccessible>
 
 namespace
 {

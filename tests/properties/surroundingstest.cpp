@@ -1,12 +1,5 @@
-#undef QT_NO_CAST_FROM_ASCII // tables are texts
 #include "propertyview.h"
 #include "testsupport.h"
-
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QDockWidget>
-#include <QMainWindow>
-#include <QScrollArea>
 
 Q_DECLARE_METATYPE(Qt::Key)
 

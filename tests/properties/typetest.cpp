@@ -1,11 +1,5 @@
-#undef QT_NO_CAST_FROM_ASCII // tables of texts: all UTF-8, to Qt 5 and 6
-#undef QT_NO_CAST_TO_ASCII
 #include "propertytype.h"
 #include "testsupport.h"
-
-#include <QColorDialog>
-#include <QItemEditorFactory>
-#include <QUuid>
 
 #include <limits>
 

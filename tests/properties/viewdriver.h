@@ -1,7 +1,6 @@
 #ifndef VIEWDRIVER_H
 #define VIEWDRIVER_H
 
-#undef QT_NO_CAST_FROM_ASCII // scripts and tables are texts
 #include "propertyview.h"
 #include "testsupport.h"
 

@@ -1,8 +1,5 @@
 #include "testsupport.h"
 
-#include <QAccessible>
-#include <QSlider>
-
 #include <algorithm>
 
 namespace

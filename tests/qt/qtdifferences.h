@@ -7,6 +7,11 @@
 #include "inspectorqt.h"
 
 #include <QtTest>
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+#include <QtWidgets>
+#else
+#include <QtGui>
+#endif
 
 namespace TestSupport
 {

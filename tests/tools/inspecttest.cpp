@@ -5,9 +5,6 @@
 #include "testsupport.h"
 #include "widgetframe.h"
 
-#include <QAbstractItemModelTester>
-#include <QRandomGenerator>
-
 using TestSupport::WaitUntil;
 
 namespace
