@@ -11,7 +11,7 @@ export QT_QPA_PLATFORM=offscreen CMAKE_PREFIX_PATH=$stage${CMAKE_PREFIX_PATH:+:$
 
 # configure_and_build <source folder> <build folder> [argument...]
 configure_and_build() {
-    cmake -G Ninja -S "$1" -B "$2" --log-level=WARNING "${@:3}" && cmake --build "$2"
+    cmake -G Ninja -S "$1" -B "$2" --log-level=WARNING "${@:3}" && cmake --build "$2" --parallel 2
 }
 
 install() {
