@@ -80,6 +80,9 @@ private Q_SLOTS:
         sPage to(g_other, sValues());
         QUndoStack stack;
         to.view.Page().SetUndoStack(&stack);
+        QCursor shown; // which nothing can be pasted on, but is so already
+        from.view.Page().AddGroup(QString()).Add(QStringLiteral("Shape"), shown);
+        to.view.Page().AddGroup(QString()).Add(QStringLiteral("Shape"), shown);
         const QString strText = json ? QString::fromUtf8(from.view.Page().Json()) : from.view.Page().Text();
         QCOMPARE(to.Paste(strText), QString());
         QVERIFY(to.first == from.first && to.second == from.second);

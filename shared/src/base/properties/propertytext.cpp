@@ -220,6 +220,13 @@ QVariant Fitting(const tPropertyPtr& in_pProperty, const QString& in_strText, co
                : QVariant();
 }
 
+/// Whether a value is so already. Its text may tell less than there is to it, which is then no change.
+bool ReadsSo(const tPropertyPtr& in_pProperty, const QString& in_strText)
+{
+    const QString strPresent = PropertyText::Of(in_pProperty);
+    return !strPresent.isNull() && strPresent == in_strText;
+}
+
 /// A group and all that it holds; null: everything.
 tItems Within(const tItems& in_items, const tItemPtr& in_pGroup)
 {
@@ -321,7 +328,7 @@ bool CPropertyRows::Paste(const QString& in_strText)
     for (std::size_t u = 0; u < copied.size(); ++u)
     {
         const tPropertyPtr& pProperty = properties[u];
-        if (pProperty && pProperty->IsReadOnly())
+        if (pProperty && (pProperty->IsReadOnly() || ReadsSo(pProperty, copied[u].text)))
         {
             continue;
         }
