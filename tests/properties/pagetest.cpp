@@ -125,6 +125,7 @@ std::vector<sKeys> PageTest::Mouse()
         // A compositor closes a menu that was opened by keys in a hurry.
         {"the menu's key takes over", "L", "Down x shift+F10", "0=vx @0 list", eSent},
         {"click on a box", "TB", "click0 x click1", "0=x 1=true @1"},
+        {"click far from a box", "TB", "click0 x middle1", "0=x @1"},
         {"click on a command", "TC", "click0 x middle1", "0=x 1! @1"},
         {"click on a choice", "TE", "click0 x click1", "0=x @1 list"},
         {"click on a colour or a file edits", "cf", "click1 x Return", "1=x @1"},

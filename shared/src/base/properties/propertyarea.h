@@ -245,6 +245,7 @@ private:
     bool UndoKey(const QKeyEvent& in_event) const;
     void UndoOrRedo(const QKeyEvent& in_event);
     void EndDrag();
+    bool IsBeside(const sPropertyItem& in_item, const QPoint& in_position) const;
     void PressList();
     static bool IsCommand(const QKeyEvent& in_event);
     bool Navigate(int in_iKey);

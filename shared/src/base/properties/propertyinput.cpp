@@ -132,7 +132,7 @@ void CPropertyArea::Press(const sHit& in_hit)
     }
     if (in_hit.zone == sHit::eValue || in_hit.zone == sHit::eTitle)
     {
-        Work(in_hit.item);
+        IsBeside(*in_hit.item, m_dragFrom) ? void() : Work(in_hit.item);
         return;
     }
     if (Editable(*in_hit.item) && self && in_hit.item->property)
@@ -144,6 +144,14 @@ void CPropertyArea::Press(const sHit& in_hit)
         m_eDrag = bSteps ? eDragValue : eNoDrag;
         m_dragged = in_hit.item;
     }
+}
+
+/// Whether a value is a box, and a place of it so far from that box that a press there means the row.
+bool CPropertyArea::IsBeside(const sPropertyItem& in_item, const QPoint& in_position) const
+{
+    const QRect value = Mirrored(ValueRect(in_item)); // from left to right
+    const int iFromEdge = Mirrored(QRect(in_position, QSize(1, 1))).x() - value.left();
+    return in_item.type && in_item.type->Work() == CPropertyType::eToggle && iFromEdge > value.height() * 3 / 2;
 }
 
 /// A list that is opened by a press knows that its release chooses nothing.
