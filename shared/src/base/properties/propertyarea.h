@@ -245,6 +245,7 @@ private:
     bool UndoKey(const QKeyEvent& in_event) const;
     void UndoOrRedo(const QKeyEvent& in_event);
     void EndDrag();
+    static bool Steps(const sPropertyItem& in_item);
     bool IsBeside(const sPropertyItem& in_item, const QPoint& in_position) const;
     void PressList();
     static bool IsCommand(const QKeyEvent& in_event);

@@ -139,11 +139,16 @@ void CPropertyArea::Press(const sHit& in_hit)
     {
         m_dragValue = in_hit.item->value;
         m_pDragStep = std::make_shared<CPropertyStep>();
-        const bool bSteps = !in_hit.item->mixed &&
-                            in_hit.item->type->Stepped(in_hit.item->property->Format(), m_dragValue, 1).isValid();
-        m_eDrag = bSteps ? eDragValue : eNoDrag;
+        m_eDrag = Steps(*in_hit.item) ? eDragValue : eNoDrag;
         m_dragged = in_hit.item;
     }
+}
+
+/// Whether a drag on the label changes the value.
+bool CPropertyArea::Steps(const sPropertyItem& in_item)
+{
+    return in_item.property && in_item.type && in_item.IsWorked() && !in_item.mixed &&
+           in_item.type->Stepped(in_item.property->Format(), in_item.value, 1).isValid();
 }
 
 /// Whether a value is a box, and a place of it so far from that box that a press there means the row.
@@ -183,6 +188,10 @@ void CPropertyArea::mouseMoveEvent(QMouseEvent* in_pEvent)
     if (hit.zone == sHit::eBorder)
     {
         setCursor(Qt::SplitHCursor);
+    }
+    else if (hit.zone == sHit::eLabel && Steps(*hit.item))
+    {
+        setCursor(Qt::SizeHorCursor);
     }
     else
     {
