@@ -4,19 +4,7 @@
 
 namespace
 {
-/// A data widget of an application's own.
-class CSlider : public QSlider, public CInspectorDataWidget
-{
-public:
-    void InitFromElement() override {}
-    const char* GetType() override { return "slider"; }
-    int GetRequiredWidth() override { return -1; }
-    int GetRequiredHeight(int) override { return 20; }
-    void ResizeWidget(int in_iWidth, int in_iHeight) override { resize(in_iWidth, in_iHeight); }
-    void MoveWidget(int in_iX, int in_iY) override { move(in_iX, in_iY); }
-    void Show() override { show(); }
-    void Hide() override { hide(); }
-};
+typedef COwnWidget<QSlider> CSlider;
 
 QAccessibleInterface* Of(QObject* in_pObject)
 {

@@ -3,7 +3,7 @@
 namespace
 {
 /// A widget of the application's with two places for the focus inside.
-class CPair : public QWidget, public CInspectorDataWidget
+class CPair : public COwnWidget<QWidget>
 {
 public:
     CPair()
@@ -15,14 +15,6 @@ public:
             pButton->setGeometry(i * 50, 0, 40, 20);
         }
     }
-    void InitFromElement() override {}
-    const char* GetType() override { return "pair"; }
-    int GetRequiredWidth() override { return -1; }
-    int GetRequiredHeight(int) override { return 20; }
-    void ResizeWidget(int in_iWidth, int in_iHeight) override { resize(in_iWidth, in_iHeight); }
-    void MoveWidget(int in_iX, int in_iY) override { move(in_iX, in_iY); }
-    void Show() override { show(); }
-    void Hide() override { hide(); }
 };
 
 /// A widget of the application's that works without keyboard navigation: the guide's recipe.

@@ -194,6 +194,20 @@ private:
     std::string m_strName;
 };
 
+/// A data widget of an application's own.
+template <class Base> class COwnWidget : public Base, public CInspectorDataWidget
+{
+public:
+    void InitFromElement() override {}
+    const char* GetType() override { return "own"; }
+    int GetRequiredWidth() override { return -1; }
+    int GetRequiredHeight(int) override { return 20; }
+    void ResizeWidget(int in_iWidth, int in_iHeight) override { this->resize(in_iWidth, in_iHeight); }
+    void MoveWidget(int in_iX, int in_iY) override { this->move(in_iX, in_iY); }
+    void Show() override { this->show(); }
+    void Hide() override { this->hide(); }
+};
+
 /// Data of the application's, or a notice of it.
 template <class Base, ePlace Destructor> struct CTestOwned : Base
 {
