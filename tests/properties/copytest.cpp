@@ -65,42 +65,30 @@ class CCopyTest : public QObject
 private Q_SLOTS:
     void initTestCase() { TestSupport::FailOnWarnings(); }
 
-    void ThereAndBack_data()
-    {
-        QTest::addColumn<bool>("json");
-        QTest::newRow("text") << false;
-        QTest::newRow("JSON") << true;
-    }
-
     /// Every value arrives where it was, exactly, and as one step.
     void ThereAndBack()
     {
-        QFETCH(bool, json);
         sPage from(sValues(), g_other);
-        sPage to(g_other, sValues());
-        QUndoStack stack;
-        to.view.Page().SetUndoStack(&stack);
         QCursor shown; // which nothing can be pasted on, but is so already
         from.view.Page().AddGroup(QString()).Add(QStringLiteral("Shape"), shown);
-        to.view.Page().AddGroup(QString()).Add(QStringLiteral("Shape"), shown);
-        const QString strText = json ? QString::fromUtf8(from.view.Page().Json()) : from.view.Page().Text();
-        QCOMPARE(to.Paste(strText), QString());
-        QVERIFY(to.first == from.first && to.second == from.second);
-        QCOMPARE(stack.count(), 1);
-        stack.undo();
-        QVERIFY(to.first == g_other && to.second == sValues());
+        for (const QString& strText : {from.view.Page().Text(), QString::fromUtf8(from.view.Page().Json())})
+        {
+            sPage to(g_other, sValues());
+            to.view.Page().AddGroup(QString()).Add(QStringLiteral("Shape"), shown);
+            QUndoStack stack;
+            to.view.Page().SetUndoStack(&stack);
+            QCOMPARE(to.Paste(strText), QString());
+            QVERIFY2(to.first == from.first && to.second == from.second, qPrintable(strText));
+            QCOMPARE(stack.count(), 1);
+            stack.undo();
+            QVERIFY2(to.first == g_other && to.second == sValues(), qPrintable(strText));
+        }
     }
 
     void Pasted_data()
     {
-        const struct
-        {
-            const char* m_strName;
-            const char* m_strText;
-            const char* m_strRefused;
-            const char* m_strFirst; ///< the name in the first group
-            const char* m_strSecond;
-        } cases[] = {
+        // what is pasted, what is refused, the names in the groups then
+        const char* const cases[][5] = {
             {"nothing", "no values", "nothing", "other", "other"},
             {"a line", "Name\tnew", "", "new", "other"},
             {"of another program", "Name\tnew\r\nMode\tOn\r\n", "", "new", "other"},
@@ -115,7 +103,7 @@ private Q_SLOTS:
         TestSupport::Columns<QString, QString, QString, QString>("text", "refused", "name", "second");
         for (const auto& row : cases)
         {
-            QTest::newRow(row.m_strName) << row.m_strText << row.m_strRefused << row.m_strFirst << row.m_strSecond;
+            QTest::newRow(row[0]) << row[1] << row[2] << row[3] << row[4];
         }
     }
 

@@ -1,8 +1,6 @@
 #include "propertyview.h"
 #include "testsupport.h"
 
-Q_DECLARE_METATYPE(Qt::Key)
-
 namespace
 {
 /// A dialog with a page: a text and a size policy.
@@ -72,28 +70,30 @@ private Q_SLOTS:
     void initTestCase() { TestSupport::FailOnWarnings(); }
 
     /// The dialog has the keys that no edit wants.
-    void KeysInDialog_data()
-    {
-        // typed: on the text
-        TestSupport::Columns<QString, Qt::Key, QString, bool>("typed", "key", "text", "closed");
-        QTest::newRow("Escape, nothing open") << "" << Qt::Key_Escape << "v" << true;
-        QTest::newRow("Escape, edited") << "x" << Qt::Key_Escape << "v" << false;
-        QTest::newRow("Enter, nothing open") << "" << Qt::Key_Return << "v" << false;
-        QTest::newRow("Enter, edited") << "x" << Qt::Key_Return << "x" << false;
-        QTest::newRow("Enter, nothing to work") << "-" << Qt::Key_Return << "v" << true;
-    }
-
     void KeysInDialog()
     {
-        QFETCH(QString, typed);
-        QFETCH(Qt::Key, key);
-        sDialog page;
-        QVERIFY(page.Open());
-        typed == "-" ? page.view->Page().Clear() : page.view->SetCurrentRow(page.text);
-        QTest::keyClicks(page.Area(), typed == "-" ? "" : typed);
-        QTest::keyClick(page.Focus(), key);
-        QTEST(page.strText, "text");
-        QTEST(!page.dialog.isVisible(), "closed");
+        const struct
+        {
+            const char* m_strTyped; ///< on the text; "-": there is nothing to work
+            Qt::Key m_eKey;
+            const char* m_strText;
+            bool m_bClosed;
+        } cases[] = {{"", Qt::Key_Escape, "v", true},
+                     {"x", Qt::Key_Escape, "v", false},
+                     {"", Qt::Key_Return, "v", false},
+                     {"x", Qt::Key_Return, "x", false},
+                     {"-", Qt::Key_Return, "v", true}};
+        for (const auto& row : cases)
+        {
+            const bool bNothing = row.m_strTyped[0] == '-';
+            sDialog page;
+            QVERIFY(page.Open());
+            bNothing ? page.view->Page().Clear() : page.view->SetCurrentRow(page.text);
+            QTest::keyClicks(page.Area(), bNothing ? "" : row.m_strTyped);
+            QTest::keyClick(page.Focus(), row.m_eKey);
+            QCOMPARE(page.strText, QString(row.m_strText));
+            QVERIFY2(page.dialog.isVisible() != row.m_bClosed, row.m_strTyped);
+        }
     }
 
     /// Pressed and typed into wherever it stands, and of a size that shows some rows.

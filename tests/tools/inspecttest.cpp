@@ -129,29 +129,24 @@ private slots:
         }
     }
 
-    void Filter_data()
-    {
-        TestSupport::Columns<QString, int, bool>("typed", "column", "found");
-
-        QTest::newRow("class") << "pushbut" << 1 << true;
-        QTest::newRow("class, not in names") << "pushbut" << 2 << false;
-        QTest::newRow("name") << "the name" << 2 << true;
-        QTest::newRow("text") << "ok" << 3 << true;
-        QTest::newRow("anything") << "ok" << 0 << true;
-        QTest::newRow("nothing") << "no such thing" << 0 << false;
-    }
-
     void Filter()
     {
-        QFETCH(QString, typed);
-        QFETCH(int, column);
-        QFETCH(bool, found);
-        CProgram program;
-        program.m_pOk->setObjectName(QStringLiteral("the name"));
-        program.Inspector().findChild<QComboBox*>()->setCurrentIndex(column);
-        program.Filter()->setText(typed);
-        program.Inspector().Select(program.m_pOk);
-        QCOMPARE(program.Selected(), found ? QStringLiteral("OK") : QString());
+        const struct
+        {
+            const char* m_strTyped;
+            int m_iColumn; ///< class, name, text; 0: any
+            bool m_bFound;
+        } cases[] = {{"pushbut", 1, true}, {"pushbut", 2, false}, {"the name", 2, true},
+                     {"ok", 3, true},      {"ok", 0, true},       {"no such thing", 0, false}};
+        for (const auto& row : cases)
+        {
+            CProgram program;
+            program.m_pOk->setObjectName(QStringLiteral("the name"));
+            program.Inspector().findChild<QComboBox*>()->setCurrentIndex(row.m_iColumn);
+            program.Filter()->setText(row.m_strTyped);
+            program.Inspector().Select(program.m_pOk);
+            QVERIFY2(program.Selected() == (row.m_bFound ? QStringLiteral("OK") : QString()), row.m_strTyped);
+        }
     }
 
     /// Ctrl+Shift+click selects the widget, which notices nothing; other clicks are the program's.
@@ -213,29 +208,24 @@ private slots:
         QCOMPARE(iTriggered, 1);
     }
 
-    void StyleSheet_data()
-    {
-        QTest::addColumn<bool>("before");
-
-        QTest::newRow("set before the inspector opens") << true;
-        QTest::newRow("set while it is open") << false;
-    }
-
+    /// Set before the inspector opens, and while it is open.
     void StyleSheet()
     {
-        QFETCH(bool, before);
         const QString strSheet = QStringLiteral("* { background: #ff0102; color: #ff0102; border: 3px solid #ff0102 }");
-        CProgram program;
-        before ? qApp->setStyleSheet(strSheet) : void();
-        QVERIFY(program.Open());
-        qApp->setStyleSheet(strSheet);
-        QComboBox late(&program.Inspector());
-        late.show();
-        const QImage image = program.Inspector().grab().toImage();
-        const QRgb inProgram = program.m_window.grab().toImage().pixel(199, 60);
-        qApp->setStyleSheet(QString());
-        QCOMPARE(inProgram, qRgb(0xff, 1, 2));
-        QVERIFY(!Pixels(image).contains(inProgram));
+        for (const bool bBefore : {true, false})
+        {
+            CProgram program;
+            bBefore ? qApp->setStyleSheet(strSheet) : void();
+            QVERIFY(program.Open());
+            qApp->setStyleSheet(strSheet);
+            QComboBox late(&program.Inspector());
+            late.show();
+            const QImage image = program.Inspector().grab().toImage();
+            const QRgb inProgram = program.m_window.grab().toImage().pixel(199, 60);
+            qApp->setStyleSheet(QString());
+            QCOMPARE(inProgram, qRgb(0xff, 1, 2));
+            QVERIFY2(!Pixels(image).contains(inProgram), bBefore ? "before" : "while open");
+        }
     }
 
     void LastWindowClosed()
