@@ -16,7 +16,7 @@
 #else
 #include <QDesktopWidget>
 #include <QInputContext>
-#include <QPointer>
+#include <QtGui> // all of it: its headers bring in less of each other than later ones
 #endif
 
 #include <string>
