@@ -80,6 +80,13 @@ void CPropertyStep::Add(const sPropertyChange& in_change)
     }
 }
 
+void CPropertyStep::Put(const sPropertyChange& in_change)
+{
+    const auto isPart = [&](const sPropertyChange& in_known) { return in_known.property == in_change.property; };
+    m_changes.erase(std::remove_if(m_changes.begin(), m_changes.end(), isPart), m_changes.end());
+    Add(in_change);
+}
+
 void CPropertyStep::Undo() const
 {
     Write(&sPropertyChange::before);

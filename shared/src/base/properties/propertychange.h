@@ -28,6 +28,9 @@ public:
     void Add(const CPropertyStep& in_later);
     void Add(const sPropertyChange& in_change);
 
+    /// Takes in a change from beginning to end: what was added of its property is part of it.
+    void Put(const sPropertyChange& in_change);
+
     /// Gives every property the value from before, or the later one. The objects' code may do anything meanwhile.
     void Undo() const;
     void Redo() const;

@@ -26,20 +26,17 @@ public:
 
     const std::vector<sPropertyChange>& Watched() const { return m_watched; }
 
-    /// What has another value now. What died has none, and is no change that could be taken back.
-    CPropertyStep Changes()
+    /// Takes in what has another value now. What died has none, and is no change that could be taken back.
+    void PutInto(CPropertyStep& io_step)
     {
-        CPropertyStep changes;
         for (std::size_t u = 0; u < m_watched.size(); ++u)
         {
             sPropertyChange& watched = m_watched[u];
             watched.now = watched.property->Read();
-            const bool bChanged = watched.now.isValid() && !CPropertyStep::IsSame(watched.before, watched.now);
-            const bool bByWrite =
-                u < m_uWritten || (bChanged && CPropertyStep::IsSteady(*watched.property, watched.now));
-            bChanged&& bByWrite ? changes.Add(watched) : void();
+            const bool bByWrite = u < m_uWritten || CPropertyStep::IsSame(watched.before, watched.now) ||
+                                  CPropertyStep::IsSteady(*watched.property, watched.now);
+            watched.now.isValid() && bByWrite ? io_step.Put(watched) : void();
         }
-        return changes;
     }
 
 private:
@@ -144,7 +141,7 @@ bool CPropertyRows::Perform(const tPropertyPtr& in_pProperty, const std::vector<
     m_pWriting = pChanges; // a setter that writes is part of the same step
     const bool bTaken = in_write();
     self ? void(m_pWriting = pOuter) : void();
-    pChanges->Add(watch.Changes());
+    watch.PutInto(*pChanges);
     in_pStep->Add(*pChanges);
     pOuter ? pOuter->Add(*pChanges) : void();
     const QVariant now = in_pProperty->Read();
