@@ -32,8 +32,16 @@ class CThing : public QObject
     Q_PROPERTY(bool box MEMBER m_bBox NOTIFY Changed)
     Q_PROPERTY(QPointF place MEMBER m_place NOTIFY Changed)
     Q_PROPERTY(Qt::Alignment sides MEMBER m_eSides NOTIFY Changed)
+    Q_PROPERTY(eWay way MEMBER m_eWay NOTIFY Changed)
 
 public:
+    enum eWay : int // any number may be pasted
+    {
+        Across,
+        Up
+    };
+    Q_ENUM(eWay)
+
     explicit CThing(const QString& in_strText, int in_iEven = 4) : m_strText(in_strText), m_iEven(in_iEven) {}
 
     int Limit() const { return m_iLimit; }
@@ -74,7 +82,8 @@ public:
     {
         QByteArray bytes;
         QDataStream stream(&bytes, QIODevice::WriteOnly);
-        stream << m_strText << m_iLimit << m_iValue << m_iEven << m_real << m_bBox << m_place << int(m_eSides);
+        stream << m_strText << m_iLimit << m_iValue << m_iEven << m_real << m_bBox << m_place << int(m_eSides)
+               << int(m_eWay);
         return bytes;
     }
 
@@ -99,6 +108,7 @@ private:
     bool m_bBox = false;
     QPointF m_place{1, 2};
     Qt::Alignment m_eSides = Qt::AlignLeft | Qt::AlignTop;
+    eWay m_eWay = Across;
 };
 
 /// A page of two things that differ here and there, and what the user does to it.
@@ -171,6 +181,7 @@ struct sBench
             {"press", [this] { QTest::mouseClick(Area(), Qt::LeftButton, Qt::NoModifier, ButtonPlace()); }},
             {"flags",
              [this] { view->findChild<QComboBox*>()->setProperty("value", int(Qt::AlignTop | Qt::AlignJustify)); }},
+            {"again", [this] { first->m_hook = [this] { view->Page().Write(Row("value").Property(), 3); }; }},
             {"nested", [this] { first->m_hook = [this] { view->Page().Write(Row("text").Property(), "nested"); }; }},
         };
         acts.at(in_strAct)();
@@ -230,7 +241,6 @@ struct sBench
     {
         QApplication::clipboard()->setText("77");
         window.resize(400, 500);
-        view->Page().SetUndoStack(stack);
         return TestSupport::ShowWindow(&window);
     }
 
@@ -267,9 +277,13 @@ struct sUser : sBench
           seen(io_seen)
     {
         view->Page().SetModifiedAgainst(CPropertyPage::eModifiedAgainst(in_uSeed % 3));
+        view->resize(400, in_uSeed % 4 ? 500 : 120);
+        in_uSeed % 5 < 2 ? delete stack, void(stack = &view->Page().UseOwnUndoStack()) : void();
         QObject::connect(stack, &QUndoStack::indexChanged, stack, [this] { Record(); });
         states.push_back(Values());
     }
+
+    ~sUser() { delete stack; } // which tells of it
 
     int Pick(int in_iCount) { return static_cast<int>(random() % static_cast<unsigned>(in_iCount)); }
 
@@ -310,7 +324,7 @@ struct sUser : sBench
 
     QString NameAt(const QPoint& in_place) const
     {
-        for (const char* strRow : {"text", "limit", "value", "even", "real", "box", "place", "sides"})
+        for (const char* strRow : {"text", "limit", "value", "even", "real", "box", "place", "sides", "way"})
         {
             const QRect value = view->ValueRect(Row(strRow));
             const int iY = in_place.y() - view->y();
@@ -325,27 +339,43 @@ struct sUser : sBench
     QWidget* Editor() const
     {
         const QList<QWidget*> all = view ? Area()->findChildren<QWidget*>() : QList<QWidget*>();
-        const auto isEditor = [](const QWidget* in_p) { return in_p->inherits("QLineEdit") && in_p->isVisible(); };
+        const auto isEditor = [](const QWidget* in_p) {
+            return in_p->property("frame").isValid() && in_p->isVisible();
+        };
         const auto it = std::find_if(all.begin(), all.end(), isEditor);
         return it == all.end() ? nullptr : *it;
     }
 
+    /// Undo and redo lead to what was at each index of the stack.
     void Record()
     {
-        const auto iIndex = stack->index();
-        if (!undoing && !stack->canRedo() && iIndex > 0)
+        const auto uIndex = static_cast<std::size_t>(stack->index());
+        const bool bUndone = uIndex < index && stack->canRedo();
+        const bool bRedone = uIndex > index && stack->command(static_cast<int>(index)) == next;
+        undoing = undoing || bUndone || bRedone;
+        seen["undone"] += bUndone && !Differing(states[index], states[uIndex]).isEmpty();
+        seen["redone"] += bRedone && !Differing(states[index], states[uIndex]).isEmpty();
+        if (!bUndone && !bRedone)
         {
-            states.resize(static_cast<std::size_t>(iIndex), states.back());
-            states.push_back(Values());
+            states.resize(uIndex + (uIndex < index)); // less: of what was taken back nothing is left
+            uIndex < index ? void() : states.push_back(Values());
         }
+        index = uIndex;
+        next = stack->command(stack->index());
+    }
+
+    QString Misfit() const
+    {
+        const QStringList wrong = stack ? Differing(states[index], Values()) : QStringList();
+        return wrong.isEmpty() ? "" : QString("not as it was at index %1: ").arg(index) + wrong.join(' ') + "; ";
     }
 
     void Call(int in_iCall)
     {
         const std::function<void()> calls[] = {
             [this] { Act("rebuild"); },
-            [this] { view->ShowObject(second); },
-            [this] { view->SetFilter(Pick(2) ? "e" : ""); },
+            [this] { view->ShowObject(Pick(3) ? second : nullptr); },
+            [this] { Pick(2) ? view->SetFilter(Pick(2) ? "e" : "") : view->SetOnlyModified(Pick(2)); },
             [this] { view->ExpandAll(Pick(3)); },
             [this] { view->Page().Refresh(); },
             [this] { ownFirst.reset(); },
@@ -354,33 +384,78 @@ struct sUser : sBench
             [this] { view->TakeOver(); },
             [this] { view->TakeOver(), GoTo("text"); }, // first: Qt does not stand it when what gets the focus goes
             [this] { view->TakeOver(), GoTo("value"); },
-            [this] { Undo(); },
+            [this] { Replay(&QUndoStack::undo); },
+            [this] { Replay(&QUndoStack::redo); },
+            [this] { Act("saved"); },
+            [this] { edited.undone = true, view->CurrentRow().Reset(); },
+            [this] { PastePage(); },
+            [this] { Wheel(); },
         };
         program << QString("call %1").arg(in_iCall);
         view ? calls[in_iCall]() : void();
     }
 
     /// A setter that ended the page would have what is typed taken over within, which is then no step.
-    void Undo()
+    void Replay(void (QUndoStack::*in_pDirection)())
     {
         if (first && Editor())
         {
             first->m_hook = nullptr;
         }
-        stack->undo();
-        undoing = true;
+        (stack->*in_pDirection)();
+    }
+
+    /// All undone, redone and undone again.
+    QString ReplayAll()
+    {
+        view ? view->TakeOver() : void();
+        QString strFault = Misfit();
+        for (const int iEnd : {0, stack ? stack->count() : 0, 0})
+        {
+            while (strFault.isEmpty() && stack && stack->index() != iEnd)
+            {
+                Replay(stack->index() > iEnd ? &QUndoStack::undo : &QUndoStack::redo);
+                strFault = Misfit();
+            }
+        }
+        return strFault;
+    }
+
+    /// What the page tells, to what it shows then. Undo would not give back what the page does not show meanwhile.
+    void PastePage()
+    {
+        first ? void(first->m_hook = nullptr) : void();
+        const QString strText = view->Page().Text();
+        const QString strCopy = Pick(2) ? strText : QString::fromUtf8(view->Page().Json());
+        anywhere = edited.undone = true;
+        view->ShowObject(Pick(2) && first ? first : second);
+        view->Page().Paste(strCopy);
+        const QStringList now = view->Page().Text().split('\n');
+        for (const QString& strLine : strText.split('\n'))
+        {
+            fault += now.contains(strLine) ? "" : "not pasted: " + strLine + "; ";
+        }
+    }
+
+    /// It works an open editor; where there is none the page scrolls.
+    void Wheel()
+    {
+        QWidget* pPopup = QApplication::activePopupWidget();
+        still = Area()->hasFocus() && !pPopup;
+        TestSupport::TurnWheel(pPopup ? pPopup : Editor() && Pick(2) ? Editor() : Area());
     }
 
     void Key()
     {
-        const char* const keys[] = {"Tab",    "Shift+Tab", "Up",     "Down",   "Left",  "Right",  "Home",
-                                    "End",    "Escape",    "Return", "Return", "Space", "Delete", "F2",
-                                    "Ctrl+V", "Backspace", "Ctrl+F", "Ctrl+A", "F4",    "F4"};
-        const int iKey = Pick(40);
+        const char* const keys[] = {"Tab",    "Shift+Tab", "Up",     "Down",        "Left",      "Right",
+                                    "Home",   "End",       "Escape", "Escape",      "Return",    "Return",
+                                    "Space",  "Delete",    "F2",     "Ctrl+V",      "Backspace", "Ctrl+F",
+                                    "Ctrl+A", "F4",        "Ctrl+Z", "Ctrl+Shift+Z"};
+        const int iKey = Pick(44);
         QWindow* pFocus = window.windowHandle(); // a pop-up's may go with the press of a key
-        program << (iKey < 20 ? QString(keys[iKey]) : QString("abx0123456789").mid(iKey % 13, 1));
+        program << (iKey < 22 ? QString(keys[iKey]) : QString("abx0123456789").mid(iKey % 13, 1));
         anywhere = anywhere || (program.last() == "Ctrl+V" && CurrentName().isEmpty()); // on a title
-        iKey < 20 ? QTest::keySequence(pFocus, QKeySequence(keys[iKey]))
+        iKey < 22 ? QTest::keySequence(pFocus, QKeySequence(keys[iKey]))
                   : QTest::keyClick(pFocus, program.last().at(0).toLatin1());
     }
 
@@ -403,7 +478,7 @@ struct sUser : sBench
             const bool bLoop = QThread::currentThread()->loopLevel() > 0; // some of Qt's menus run one
             bLoop&& QApplication::activePopupWidget() ? void(QApplication::activePopupWidget()->close()) : void();
         });
-        undoing = false;
+        undoing = still = false;
         const tValues before = Values();
         QStringList rows{edited.row, CurrentName(), iKind < 6 ? NameAt(place) : QString()};
         const QString strHeld = edited.editor ? edited.editor->property("text").toString() : QString();
@@ -413,14 +488,14 @@ struct sUser : sBench
         first&& iKind == 0 ? void(first->m_hook = [this, iCall = Pick(8)] { Call(iCall); }) : void();
         iKind < 6                 ? Click(place)
         : iKind < 18              ? Key()
-        : iKind < 20 || !anywhere ? Call(iKind < 20 ? Pick(12) : 9)
+        : iKind < 21 || !anywhere ? Call(iKind < 21 ? Pick(17) : 9)
                                   : void();
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         rows << CurrentName() << (rows.contains("limit") || CurrentName() == "limit" ? "value" : "");
-        const QString strFault = Compare(before, rows) + Ended(strHeld);
+        fault += Compare(before, rows) + Misfit() + Ended(strHeld);
         FindEdit();
-        return strFault;
+        return fault;
     }
 
     QString Compare(const tValues& in_before, const QStringList& in_rows)
@@ -428,20 +503,13 @@ struct sUser : sBench
         const QStringList changed = Differing(in_before, Values());
         for (const QString& strRow : undoing || anywhere ? QStringList() : changed)
         {
-            if (!in_rows.contains(strRow))
+            if (still || !in_rows.contains(strRow))
             {
                 return "misdirected: " + strRow + "; ";
             }
         }
         seen["written"] += !undoing && !changed.isEmpty();
-        seen["undone"] += undoing && !changed.isEmpty();
-        changed.isEmpty() ? void() : Record();
-        const std::size_t uIndex = static_cast<std::size_t>(stack->index());
-        states.resize(std::max(states.size(), uIndex + 1), states.back());
-        const QStringList wrong = Differing(states[uIndex], Values());
-        return wrong.isEmpty() ? QString()
-                               : QString("not as it was at index %1 of %2: ").arg(stack->index()).arg(stack->count()) +
-                                     wrong.join(' ') + "; ";
+        return !stack || int(states.size()) == stack->count() + 1 ? "" : "steps; ";
     }
 
     /// An edit of a text gives what was typed to all things, or what they were.
@@ -458,7 +526,8 @@ struct sUser : sBench
         {
             const QString strText = pThing ? pThing->property("text").toString() : QString();
             const QString strDue = bBack ? edited.before.value(pThing) : in_strHeld;
-            if (pThing && edited.before.contains(pThing) && !bUntouched && !edited.undone && strText != strDue)
+            if (pThing && edited.before.contains(pThing) && !bUntouched && !edited.undone && !undoing &&
+                strText != strDue)
             {
                 return "lost: " + strDue + " is " + strText + "; ";
             }
@@ -497,9 +566,13 @@ struct sUser : sBench
 
     std::minstd_rand random;
     sEdited edited;
-    bool undoing = false;
-    bool anywhere = false;       ///< any row may get another value
-    std::vector<tValues> states; ///< by index of the stack
+    QString fault;
+    bool undoing = false;               ///< something was undone or redone
+    bool anywhere = false;              ///< any row may get another value
+    bool still = false;                 ///< none may
+    std::vector<tValues> states;        ///< by index of the stack
+    std::size_t index = 0;              ///< of the stack
+    const QUndoCommand* next = nullptr; ///< what it would redo
     QStringList program;
     std::map<QString, int>& seen;
 };
@@ -554,6 +627,7 @@ void UndoTest::Steps_data()
         {"a limit, of a page that is cleared meanwhile", "!clearing limit: F2 5 Return", "limit"},
         {"what was taken along is edited", "limit: F2 5 Return value: F2 3 Return", "limit value"},
         {"a setter that writes", "!nested value: F2 7 Return", "value"},
+        {"a setter that writes once more", "!again value: F2 7 Return", "value"},
         {"filled anew", "value: F2 7 Return !rebuild text: F2 x Return", "value text"},
         {"cleared", "value: F2 7 Return !clear", "value"},
         {"undone", "value: F2 7 Return !undo text: F2 x Return", "text"},
@@ -597,22 +671,21 @@ void UndoTest::Steps()
 void UndoTest::RandomUser()
 {
     const int iSeed = qEnvironmentVariableIntValue("RANDOM_USER_SEED");
-    const int iEvents = qMax(4000, qEnvironmentVariableIntValue("RANDOM_USER_EVENTS"));
+    const int iEvents = qMax(10000, qEnvironmentVariableIntValue("RANDOM_USER_EVENTS"));
     std::map<QString, int> seen;
     for (int i = 0; i < iEvents / 100; ++i)
     {
         sUser user(static_cast<unsigned>(iSeed + i), seen);
         QVERIFY(user.Open());
-        for (int iEvent = 0; iEvent < 100 && user.view; ++iEvent)
+        QString strFault;
+        for (int iEvent = 0; iEvent < 100 && user.view && strFault.isEmpty(); ++iEvent)
         {
-            const QString strFault = user.Fault();
-            QVERIFY2(strFault.isEmpty(), qPrintable(QString("life %1: ").arg(i) + strFault + user.program.join(" | ")));
+            strFault = user.Fault();
         }
-        user.view ? user.view->TakeOver() : void();
-        user.UndoAll();
-        QVERIFY2(sUser::Differing(user.states[0], user.Values()).isEmpty(), qPrintable(user.program.join(" | ")));
+        strFault += user.ReplayAll();
+        QVERIFY2(strFault.isEmpty(), qPrintable(QString("life %1: ").arg(i) + strFault + user.program.join(" | ")));
     }
-    for (const char* strWhat : {"written", "taken over", "escaped", "undone"})
+    for (const char* strWhat : {"written", "taken over", "escaped", "undone", "redone"})
     {
         QVERIFY2(seen[strWhat] > 0, strWhat);
     }
