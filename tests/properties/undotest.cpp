@@ -292,8 +292,7 @@ struct sUser : sBench
         tValues values;
         for (const CThing* pThing : {first.data(), second.data()})
         {
-            for (int i = CThing::staticMetaObject.propertyOffset(); pThing && i < pThing->metaObject()->propertyCount();
-                 ++i)
+            for (int i = 0; pThing && i < pThing->metaObject()->propertyCount(); ++i)
             {
                 const QMetaProperty property = pThing->metaObject()->property(i);
                 const QVariant value = property.read(pThing);
@@ -359,6 +358,8 @@ struct sUser : sBench
         {
             states.resize(uIndex + (uIndex < index)); // less: of what was taken back nothing is left
             uIndex < index ? void() : states.push_back(Values());
+            const bool bNothing = first && uIndex > 0 && Differing(states[uIndex - 1], states[uIndex]).isEmpty();
+            fault += bNothing ? "a step of nothing; " : "";
         }
         index = uIndex;
         next = stack->command(stack->index());
