@@ -454,7 +454,7 @@ struct sUser : sBench
                                     "Ctrl+A", "F4",        "Ctrl+Z", "Ctrl+Shift+Z"};
         const int iKey = Pick(44);
         QWindow* pFocus = window.windowHandle(); // a pop-up's may go with the press of a key
-        program << (iKey < 22 ? QString(keys[iKey]) : QString("abx0123456789").mid(iKey % 13, 1));
+        program << (iKey < 22 ? QString(keys[iKey]) : QString("a.x0123456789").mid(iKey % 13, 1));
         anywhere = anywhere || (program.last() == "Ctrl+V" && CurrentName().isEmpty()); // on a title
         iKey < 22 ? QTest::keySequence(pFocus, QKeySequence(keys[iKey]))
                   : QTest::keyClick(pFocus, program.last().at(0).toLatin1());
