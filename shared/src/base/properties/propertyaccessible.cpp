@@ -184,7 +184,7 @@ QAccessibleInterface* CAccessibleArea::child(int in_iIndex) const
     {
         return nullptr;
     }
-    const std::vector<sPropertyItem*>& shown = Area()->Shown();
+    const tItemPointers& shown = Area()->Shown();
     const int iRows = static_cast<int>(shown.size());
     return in_iIndex < iRows ? Row(shown[static_cast<std::size_t>(in_iIndex)]->shared_from_this())
                              : QAccessible::queryAccessibleInterface(Extras().at(in_iIndex - iRows));
@@ -201,7 +201,7 @@ int CAccessibleArea::indexOfChild(const QAccessibleInterface* in_pChild) const
     {
         return Area()->IndexOf(pRow->Item().get());
     }
-    const std::vector<sPropertyItem*>& shown = Area()->Shown();
+    const tItemPointers& shown = Area()->Shown();
     const int iExtra = static_cast<int>(Extras().indexOf(qobject_cast<QWidget*>(in_pChild->object())));
     const auto it = std::find_if(shown.begin(), shown.end(), [in_pChild](const sPropertyItem* in_pItem) {
         return in_pItem->widget && in_pItem->widget == in_pChild->object();

@@ -191,7 +191,7 @@ void CPropertyArea::EnsureLayout()
     }
 }
 
-const std::vector<sPropertyItem*>& CPropertyArea::Shown()
+const tItemPointers& CPropertyArea::Shown()
 {
     EnsureLayout();
     return m_shown;
@@ -388,9 +388,9 @@ QRect CPropertyArea::PartRect(const sPropertyItem& in_item, int in_iPart) const
 }
 
 /// The first shown row that ends below a place of the content.
-std::vector<sPropertyItem*>::const_iterator CPropertyArea::FirstBelow(int in_iY)
+tItemPointers::const_iterator CPropertyArea::FirstBelow(int in_iY)
 {
-    const std::vector<sPropertyItem*>& shown = Shown();
+    const tItemPointers& shown = Shown();
     return std::lower_bound(shown.begin(), shown.end(), in_iY, [](const sPropertyItem* in_pItem, int in_iPlace) {
         return in_pItem->top + in_pItem->height <= in_iPlace;
     });

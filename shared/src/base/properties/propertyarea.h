@@ -57,8 +57,8 @@ public:
     /// Makes a row the current one and scrolls to it. Null: none is.
     void SetCurrent(const tItemPtr& in_pItem, int in_iPart = 0);
 
-    /// The rows that are shown, from the top. The page keeps them.
-    const std::vector<sPropertyItem*>& Shown();
+    /// The rows that are shown, from the top.
+    const tItemPointers& Shown();
 
     /// Takes the focus; the current row is the first one shown, unless the one that it is is shown.
     void Reenter();
@@ -196,7 +196,7 @@ private:
     int RowWidth() const;
     int IndexOf(const sPropertyItem* in_pItem);
     static QStringList PathOf(const sPropertyItem& in_item);
-    std::vector<sPropertyItem*>::const_iterator FirstBelow(int in_iY);
+    tItemPointers::const_iterator FirstBelow(int in_iY);
     QRect LabelRect(const sPropertyItem& in_item) const;
     int ResetWidth(const sPropertyItem& in_item) const;
     QRect Mirrored(const QRect& in_rect) const;
@@ -287,7 +287,7 @@ private:
     CPropertyFilter m_filter;
     std::weak_ptr<sPropertyItem> m_beforeFilter; ///< the current row when the filter began
     int m_iOffsetBeforeFilter = 0;
-    std::vector<sPropertyItem*> m_shown;    ///< from the top; counting references would be most of what placing costs
+    tItemPointers m_shown;                  ///< from the top; counting references would be most of what placing costs
     tItems m_widgets;                       ///< the rows that are widgets
     std::weak_ptr<sPropertyItem> m_pressed; ///< the command that the mouse holds down
     QPointer<QMenu> m_pMenu;                ///< while it is open

@@ -359,12 +359,15 @@ bool CPropertyArea::IsCommand(const QKeyEvent& in_event)
 /// Of the keys that lead elsewhere an open editor takes those that it has a use for; any other ends its edit.
 bool CPropertyArea::Navigate(int in_iKey)
 {
-    const QPointer<CPropertyArea> self(this);
-    const bool bLeads = in_iKey >= Qt::Key_Home && in_iKey <= Qt::Key_PageDown;
-    bLeads ? TakeOver() : void();
-    if (!bLeads || !self)
+    if (in_iKey < Qt::Key_Home || in_iKey > Qt::Key_PageDown)
     {
-        return bLeads;
+        return false;
+    }
+    const QPointer<CPropertyArea> self(this);
+    TakeOver();
+    if (!self)
+    {
+        return true;
     }
     const int iPage = std::max(1, height() / m_iRowHeight - 1);
     const int iAll = static_cast<int>(Shown().size());
@@ -385,16 +388,14 @@ bool CPropertyArea::Navigate(int in_iKey)
         return MoveCurrent(iAll);
     case Qt::Key_Left:
         return SideStep(bRightToLeft);
-    case Qt::Key_Right:
+    default: // Qt::Key_Right
         return SideStep(!bRightToLeft);
-    default:
-        return false;
     }
 }
 
 bool CPropertyArea::MoveCurrent(int in_iRows)
 {
-    const std::vector<sPropertyItem*>& shown = Shown();
+    const tItemPointers& shown = Shown();
     const int iLast = static_cast<int>(shown.size()) - 1;
     if (iLast >= 0)
     {

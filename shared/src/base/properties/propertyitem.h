@@ -102,4 +102,7 @@ public:
 /// The rows of a page in their order, groups before what they hold.
 typedef std::vector<tItemPtr> tItems;
 
+/// Some of them, which the page keeps.
+typedef std::vector<sPropertyItem*> tItemPointers;
+
 #endif

@@ -79,7 +79,7 @@ void CPropertyArea::paintEvent(QPaintEvent* in_pEvent)
     {
         PaintItem(painter, **it, exposed);
     }
-    m_shown.empty() && m_filter.IsOn() ? PaintNothingFound(painter) : void();
+    m_shown.empty() && m_filter.IsOn() && !m_rows.Items().empty() ? PaintNothingFound(painter) : void();
 }
 
 /// Why a page that has rows shows none: the user may have forgotten the filter, or it is from the last run.
@@ -87,8 +87,7 @@ void CPropertyArea::PaintNothingFound(QPainter& in_painter)
 {
     const QString strWhy = m_filter.IsOnlyModified() ? tr("No modified value") : tr("Nothing found");
     in_painter.setPen(MutedColour());
-    in_painter.drawText(rect().adjusted(0, m_iRowHeight, 0, 0), Qt::AlignHCenter | Qt::TextWordWrap,
-                        m_rows.Items().empty() ? QString() : strWhy);
+    in_painter.drawText(rect().adjusted(0, m_iRowHeight, 0, 0), Qt::AlignHCenter | Qt::TextWordWrap, strWhy);
 }
 
 void CPropertyArea::PaintItem(QPainter& in_painter, const sPropertyItem& in_item, const QRect& in_exposed)
